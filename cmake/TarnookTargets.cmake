@@ -1,0 +1,35 @@
+# Every flag of the project stands here.
+
+include_guard()
+find_package(Threads REQUIRED)
+
+function(tarnook_flags target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(${target} PRIVATE -Wthread-safety)
+  endif()
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/engine)
+endfunction()
+
+# tarnook_part(NAME): one room of the shared library, made of the .cpp files of this folder (and, for
+# the platform, of the folders below it). Rooms throw nothing.
+function(tarnook_part name)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_library(${name} OBJECT ${sources})
+  tarnook_flags(${name})
+  target_compile_options(${name} PRIVATE -fno-exceptions)
+  set_property(GLOBAL APPEND PROPERTY TARNOOK_PARTS ${name})
+endfunction()
+
+# tarnook_program(NAME [LIBRARIES]): a program over the shared library, made of this folder's .cpp files.
+function(tarnook_program name)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  add_executable(${name} ${sources})
+  tarnook_flags(${name})
+  target_link_libraries(${name} PRIVATE TarnookDLL ${ARGN})
+endfunction()
