@@ -27,9 +27,12 @@ function(tarnook_part name)
 endfunction()
 
 # tarnook_program(NAME [LIBRARIES]): a program over the shared library, made of this folder's .cpp files.
+# The target `programs` builds all of them and nothing else.
+add_custom_target(programs)
 function(tarnook_program name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   add_executable(${name} ${sources})
   tarnook_flags(${name})
   target_link_libraries(${name} PRIVATE TarnookDLL ${ARGN})
+  add_dependencies(programs ${name})
 endfunction()
