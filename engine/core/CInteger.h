@@ -1,0 +1,25 @@
+#pragma once
+
+// A boxed number; its hash is its value, so it can key a CHashtable.
+
+#include "core/CXObject.h"
+
+class CInteger : public CXObject {
+public:
+    CInteger() = default;
+    explicit CInteger(int value) : value_(value) {}
+    explicit CInteger(const CXString & text) : value_(text.toNumber()) {}
+
+    void increment() { value_++; }
+    void decrement() { value_--; }
+    void parse(const CXString & text) { value_ = text.toNumber(); }
+    int toInt() const { return value_; }
+    using CXObject::toString;
+    static CXString toString(int value) { return CXString::toString(value); }
+
+    int getHashcode() override { return value_; }
+    bool equals(CXObject * other) override { return value_ == static_cast<CInteger *>(other)->value_; }
+
+private:
+    int value_ = 0;
+};
