@@ -6,7 +6,11 @@ find_package(Threads REQUIRED)
 function(tarnook_flags target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  # Messages and debug information name files from the project's folder, as clones share compiled files:
+  # the compiler is given absolute paths, or by ccache relative ones.
+  target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=../../=
+                         -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     target_compile_options(${target} PRIVATE -Wthread-safety)
   endif()
