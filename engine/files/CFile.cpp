@@ -8,6 +8,7 @@
 #include "platform/World.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
@@ -99,7 +100,9 @@ int CFile::Length() {
     return static_cast<int>(std::min<std::int64_t>(length, INT32_MAX));
 }
 
-int CFile::Tell() { return handle_ ? static_cast<int>(handle_->tell()) : 0; }
+int CFile::Tell() {
+    return handle_ ? static_cast<int>(std::min<std::int64_t>(handle_->tell(), INT32_MAX)) : 0;
+}
 
 int CFile::Seek(int offset, int whence) { return handle_ ? handle_->seek(offset, whence) : -1; }
 
@@ -118,7 +121,7 @@ int CFile::Close() {
 }
 
 void CFile::GetLine(char * to, int size) {
-    if (handle_) handle_->gets(to, size);
+    if (handle_ && size > 0) handle_->gets(to, size);
 }
 
 CXString CFile::getLine() {
@@ -128,7 +131,7 @@ CXString CFile::getLine() {
 
 void CFile::putLine(const CXString & text) { CFile::Write(text.c_str(), text.getLength()); }
 
-bool CFile::eof() { return handle_ && handle_->eof(); }
+bool CFile::eof() { return !handle_ || handle_->eof(); }
 
 CXString CFile::getPath(CWindow * window, const CXString & name) {
     CXString path = absolute(window, name);

@@ -36,7 +36,7 @@ public:
     virtual void GetLine(char * to, int size);
     virtual CXString getLine();                  // up to 10,239 bytes, its line feed included
     virtual void putLine(const CXString & text); // nothing added
-    virtual bool eof();
+    virtual bool eof();                          // true once a read has met the end, and while closed
 
     const CXString & getPathName() const { return path_; } // absolute, before roots and languages
 
