@@ -1,0 +1,58 @@
+// The forms that a headless and a desktop world take.
+
+#include "platform/World.h"
+#include "platform/clock/SystemClock.h"
+#include "platform/clock/VirtualClock.h"
+#include "platform/debug/StderrDebugChannel.h"
+#include "platform/dialogs/StdoutDialogs.h"
+#include "platform/dialogs/TerminalDialogs.h"
+#include "platform/files/MachineFileSystem.h"
+#include "platform/locale/FixedLocale.h"
+#include "platform/locale/SystemLocale.h"
+#include "platform/timer/ThreadPeriodicTimers.h"
+#include "platform/timer/VirtualPeriodicTimers.h"
+
+namespace platform {
+
+std::unique_ptr<World> headless(const Options & options) {
+    auto world = std::make_unique<World>();
+    auto clock = std::make_unique<VirtualClock>();
+    world->virtualClock = clock.get();
+    world->timers = std::make_unique<VirtualPeriodicTimers>(*clock);
+    world->clock = std::move(clock);
+    world->random = std::make_unique<RandomSource>(options.seed);
+    world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
+    world->locale = std::make_unique<FixedLocale>("0409");
+    world->dialogs = std::make_unique<StdoutDialogs>();
+    world->debugger = std::make_unique<StderrDebugChannel>();
+    return world;
+}
+
+std::unique_ptr<World> desktop(const Options & options) {
+    auto world = std::make_unique<World>();
+    world->clock = std::make_unique<SystemClock>();
+    world->timers = std::make_unique<ThreadPeriodicTimers>();
+    auto seed = options.seed ? options.seed : static_cast<std::uint32_t>(world->clock->counter()) | 1U;
+    world->random = std::make_unique<RandomSource>(seed);
+    world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
+    world->locale = std::make_unique<SystemLocale>();
+    world->dialogs = std::make_unique<TerminalDialogs>();
+    world->debugger = std::make_unique<StderrDebugChannel>();
+    return world;
+}
+
+std::string World::describe() const {
+    std::string text;
+    auto line = [&text](const char * what, const char * form) {
+        text += std::string(what) + ": " + form + "\n";
+    };
+    line("clock", clock->name());
+    line("timers", timers->name());
+    line("files", files->name());
+    line("locale", locale->name());
+    line("dialogs", dialogs->name());
+    line("debugger", debugger->name());
+    return text;
+}
+
+} // namespace platform
