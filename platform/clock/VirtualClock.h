@@ -34,7 +34,7 @@ public:
     // same moment, in order of registration. An alarm that moves the time itself (it sleeps) is fine.
     void advance(std::uint32_t milliseconds);
 
-    void add(Alarm * alarm);    // not owned
+    void add(Alarm * alarm); // not owned
     void remove(Alarm * alarm);
 
 private:
