@@ -11,6 +11,7 @@
 #include <memory>
 
 class CCommandLine6;
+class CConfig;
 class CFile;
 class CLanguageOSVer;
 
@@ -29,8 +30,14 @@ public:
     // A timer of the window itself fell due.
     virtual int OnTimer(int) { return 0; }
 
+    // The host's window goes out of the way; nothing without one.
+    virtual void minimize() {}
+
     // The language was changed: whatever keeps texts or tables of it takes them anew from here.
     virtual void onLanguageChanged() {}
+
+    // The application's settings file; null without one.
+    virtual CConfig * getConfig() { return nullptr; }
 
     HWND getHandle() const { return hwnd_; }
     CLanguageOSVer * getLangIfc() { return language_; }

@@ -20,6 +20,9 @@ public:
     virtual std::int64_t counterFrequency() const = 0;
 
     virtual void sleep(std::uint32_t milliseconds) = 0;
+
+    // The processor's clock rate, 1 at least.
+    virtual int processorMHz() = 0;
 };
 
 } // namespace platform

@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <ctime>
+#include <fstream>
+#include <string>
 #include <thread>
 
 namespace platform {
@@ -35,6 +37,14 @@ std::int64_t SystemClock::counter() {
 
 void SystemClock::sleep(std::uint32_t milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+int SystemClock::processorMHz() {
+    std::ifstream info("/proc/cpuinfo");
+    for (std::string line; std::getline(info, line);)
+        if (line.starts_with("cpu MHz"))
+            if (int rate = std::atoi(line.c_str() + line.find(':') + 1); rate > 0) return rate;
+    return 1; // the machine doesn't tell
 }
 
 } // namespace platform

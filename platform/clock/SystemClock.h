@@ -14,6 +14,7 @@ public:
     std::int64_t counter() override;
     std::int64_t counterFrequency() const override { return 1000000000; }
     void sleep(std::uint32_t milliseconds) override;
+    int processorMHz() override;
 };
 
 } // namespace platform

@@ -20,6 +20,7 @@ public:
     };
     static constexpr std::uint64_t kNever = ~std::uint64_t{0};
     static constexpr std::uint64_t kStart = 1000;
+    static constexpr int kMHz = 1000;
     static constexpr std::int64_t kStartTime = 946684800; // 2000-01-01 00:00:00 UTC
 
     const char * name() const override { return "virtual"; }
@@ -28,6 +29,7 @@ public:
     std::int64_t counter() override { return static_cast<std::int64_t>(now_) * 1000; }
     std::int64_t counterFrequency() const override { return 1000000; }
     void sleep(std::uint32_t milliseconds) override { advance(milliseconds); }
+    int processorMHz() override { return kMHz; }
 
     std::uint64_t now() const { return now_; }
     // Moves the time, ringing every alarm that comes due on the way, in order of their moments and, at the

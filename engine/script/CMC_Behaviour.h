@@ -1,0 +1,129 @@
+#pragma once
+
+// A named piece of script code: it holds the text, the statements parsed from it, and runs them. Owned by
+// its scope. A run is synchronous and may nest to any depth up to a limit; running and parsing the same
+// behaviour at once is fine, since a run keeps the statements that it began with.
+
+#include "core/CTimerNotificator.h"
+#include "script/CMC_Object.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class CMC_BasicCondition;
+class CMC_Behaviour_Entry;
+
+namespace names {
+struct Record;
+}
+
+// The statements of a behaviour's text.
+class Statements {
+public:
+    Statements();
+    ~Statements();
+    Statements(const Statements &) = delete;
+    Statements & operator=(const Statements &) = delete;
+
+    std::vector<std::unique_ptr<CMC_Behaviour_Entry>> entries;
+
+    // A name that the parser looked up: parsing again gives the same as long as none has moved.
+    void sawName(const names::Record * record);
+    bool namesStand() const;
+
+private:
+    struct Seen {
+        const names::Record * record;
+        std::uint64_t version;
+    };
+    std::vector<Seen> seen_;
+};
+
+class CMC_Behaviour : public CMC_Object, public CTimerNotificator {
+public:
+    static constexpr int kLimit = 10240;  // bytes that a statement, or a text with its arguments, may take
+    static constexpr int kDeepest = 1000; // behaviours that run inside each other
+    static const char * const kSignals[3];
+    static const char * const kKeys[2];
+
+    explicit CMC_Behaviour(CMC_ObjectsContainer * scope); // empty, named "temp"
+    CMC_Behaviour(CMC_ObjectsContainer * scope, CMElement * element);
+    CMC_Behaviour(CMC_ObjectsContainer * scope, const CXString & name, const CXString & code);
+    ~CMC_Behaviour() override;
+
+    void init() override;         // parses
+    bool done(bool all) override; // drops the statements; with all, their inline blocks stay to the scope
+    SignalList getBehavioursList() override { return kSignals; }
+    CMC_Runner * getRunner() override;
+
+    // self: whom THIS stands for, or null. args: CXArray of CXString for $1 to $9, or null; the caller's.
+    // True when a BREAK ended it.
+    virtual bool run(CMC_Object * self, CXArray * args, bool useCondition);
+    // A local variable: gone from its scope and deleted when this behaviour's run ends.
+    virtual void addTempObject(CMC_Object * object);
+    // Runs on the window's timer; args (its first string is the tick's number) and onDone become this one's.
+    virtual void runOnTimer(int interval, int count, CXArray * args, CMC_Behaviour * onDone);
+    virtual void _break(); // stops such a run
+    void onTimer(int id) override;
+
+    // Parses the code anew with the arguments in it; the code itself stays.
+    void setParams(CXArray * args);
+    void resolveCondition();
+    void flushTempObjects();
+
+    const CXString & getCode() const { return code_; }
+    const CXString & getCodition() const { return condition_; }
+    const Statements * getLines() const { return lines_.get(); }
+    bool isEnabled() const { return enabled_; }
+    void enable(bool on) { enabled_ = on; }
+    int getCalls() const { return calls_; }
+    int getTotalBehTime() const { return totalTime_; }
+    int getAvgBehTime() const { return calls_ ? totalTime_ / calls_ : 0; }
+    int getBreakpoint() const { return breakpoint_; }
+    void setBreakpoint(int line) { breakpoint_ = line; }
+    void resetBreakpoint() { breakpoint_ = -1; }
+
+    // The second interpreter, for comparison texts: walks the text without keeping statements. Results as an
+    // entry's; an expression goes to the trash.
+    static CMC_Object * runLine(CMC_ObjectsContainer * scope, CMC_Object * self, const CXString & text,
+                                CXArray * args);
+    static CMC_Object * resolveObject(CMC_ObjectsContainer * scope, CMC_Object * self, const CXString & text);
+    static CXVector * resolveParameters(CMC_ObjectsContainer * scope, CMC_Object * self,
+                                        const CXString & text,
+                                        CXArray * args); // new vector
+    static CMC_Object * resolveParameter(CMC_ObjectsContainer * scope, CMC_Object * self,
+                                         const CXString & text, CXArray * args);
+
+    // Objects that outlive the statement that made them, until the application's next tick.
+    static void initTrash();
+    static void doneTrash();
+    static void addToTrash(CMC_Object * object);
+    static void flushTrash();
+
+    static int runningNo() { return depth; }
+
+private:
+    void parse(const CXString & text);
+    void drop(bool keepBlocks);
+    void endTimer();
+    bool runLines(CMC_Object * self, CXArray * args);
+
+    static int depth;
+
+    CXString code_;
+    CXString condition_;
+    life::Handle conditionObject_;
+    std::shared_ptr<Statements> lines_; // null before init and for empty code; a run shares them
+    CXString parsedText_;               // with arguments, of lines_; empty when lines_ are of code_
+    int timerCounter_ = 0;
+    int timerCount_ = 0;
+    CXArray * timerArgs_ = nullptr; // owned with its strings
+    life::Handle timerDone_;
+    int timerId_ = 0; // 0 while no timer runs it
+    std::vector<life::Handle> tempObjects_;
+    bool enabled_ = true;
+    int breakpoint_ = -1;
+    int calls_ = 0;
+    int totalTime_ = 0; // milliseconds
+};

@@ -1,0 +1,113 @@
+#pragma once
+
+// One statement, or one parameter of one: parsed once, run many times. What can't be settled when the text
+// is parsed is settled at each run. Owned by its behaviour's Statements, or by the entry it is a parameter
+// of.
+
+#include "script/CMC_Behaviour.h"
+#include "script/CMC_Object.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+class CMC_Expression;
+
+class CMC_Behaviour_Entry : public CMC_Object {
+public:
+    static constexpr int kDeepestText = 200; // statements, blocks and brackets inside each other
+
+    CMC_Behaviour_Entry(CMC_Behaviour * behaviour, const CXString & text, Statements * statements = nullptr);
+    ~CMC_Behaviour_Entry() override;
+
+    // The value, an object that is no value, a control signal, or null.
+    CMC_Object * run(CMC_Object * self, CXArray * args);
+
+    const CXString & getLine() const { return line_; }
+    int getMethod() const { return methodId_; }
+    bool isReference() const { return form_ == Form::indirect; }
+    void releaseTempBeh(bool on); // whether the blocks go with this entry; its parameters' too
+
+    static void getCodeLines(CMC_Behaviour * behaviour, const CXString & text, Statements & statements);
+    static CXString getStringValue(CMC_Object * variable); // empty for null
+    // The text with $1 to $9 replaced by the arguments that are there; at most kLimit - 1 bytes.
+    static CXString fillParams(const CXString & text, CXArray * args);
+
+private:
+    enum class Form { plain, expression, builtIn, call, self, indirect, nothing };
+
+    // What a name in the text meant when it was last looked up.
+    struct Meaning {
+        const names::Record * record = nullptr;
+        std::uint64_t version = ~std::uint64_t{0};
+        CMC_ObjectsContainer * scope = nullptr;
+        CMC_Object * object = nullptr;
+        CMC_Runner * runner = nullptr;
+        int methodId = -1;
+    };
+
+    struct Parameter {
+        Parameter();
+        ~Parameter();
+        Parameter(Parameter &&) noexcept;
+        Parameter & operator=(Parameter &&) = delete;
+
+        std::unique_ptr<CMC_Behaviour_Entry> entry; // computes the value at each run; null for a static one
+        std::unique_ptr<CMC_Object> owned;          // the static value, when it is the statement's own
+        CXString reference;                         // "&NAME" of a variable: its name
+        life::Handle bound;                         // and the variable, found when the text was parsed
+        bool isBlock = false;
+    };
+
+    struct Literal {
+        int type = 0; // of the value; 0 before the first use
+        int integer = 0;
+        double real = 0.0;
+        bool boolean = false;
+        std::string_view text; // inside line_
+    };
+
+    void parse(Statements * statements);
+    std::size_t parseIndirect(std::string_view text, Statements * statements);
+    void parseCall(std::string_view text, Statements * statements);
+    bool cutMethod(std::string_view text, std::size_t from, std::size_t open);
+    void parseParameters(std::string_view text, Statements * statements);
+    void parseParameter(std::string_view text, Statements * statements);
+
+    CMC_Object * lookUp(std::string_view name, Statements * statements);
+    CMC_Object * lookUpCall(std::string_view name, Statements * statements);
+    CMC_Object * runPlain(CMC_Object * self, CXArray * args);
+    CMC_Object * substituted(CXArray * args);
+    CMC_Variable * literal();
+    CMC_Object * call(CMC_Object * self, CXArray * args, CXVector & params);
+    CMC_Object * evaluate(const CXString & text, CMC_Object * self, CXArray * args);
+    bool referencesStand() const;
+    void fill(CXVector & params, CMC_Object * self, CXArray * args);
+    void release(CXVector & params);
+
+    CMC_ObjectsContainer * scope() const { return behaviour_->getScene(); }
+
+    CMC_Behaviour * behaviour_; // not owned
+    CXString line_;
+    Form form_ = Form::nothing;
+    CXString objectName_;
+    life::Handle object_; // found when the text was parsed
+    CMC_Runner * runner_ = nullptr;
+    CXString methodName_;
+    int methodId_ = -1;
+    bool nameHasParam_ = false;
+    bool allStatic_ = true;
+    bool hasReferences_ = false;
+    bool ownsTemp_ = true;
+    bool running_ = false; // paramValues_ is in use
+    bool plainHasParam_ = false;
+    bool plainHasField_ = false;
+    std::vector<Parameter> parameters_;
+    CXVector paramValues_{4, 0.75F};
+    std::vector<life::Handle> blocks_;           // behaviours made from blocks of this text
+    CXString plainText_;                         // of a plain value or an expression with $
+    std::unique_ptr<CMC_Expression> expression_; // a plain bracket, or the target of an indirect call
+    life::Handle indirectTarget_;
+    Meaning meaning_;
+    Literal literal_;
+};

@@ -1,0 +1,61 @@
+#include "script/CMC_RunnerFactory.h"
+
+#include "script/CMC_Array_Runner.h"
+#include "script/CMC_BasicCondition_Runner.h"
+#include "script/CMC_Behaviour_Runner.h"
+#include "script/CMC_Dummy_Runner.h"
+#include "script/CMC_Groupped_Runner.h"
+#include "script/CMC_MultiArray_Runner.h"
+#include "script/CMC_Quene_Runner.h"
+#include "script/CMC_Rand_Runner.h"
+#include "script/CMC_System_Runner.h"
+#include "script/CMC_Timer_Runner.h"
+#include "script/CMC_Variable_Runner.h"
+#include "script/CMC_Vector_Runner.h"
+#include "script/Types.h"
+
+#include <initializer_list>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+std::vector<std::unique_ptr<CMC_Runner>> runners;
+std::unordered_map<int, CMC_Runner *> byType;
+
+template <class Runner>
+void add(std::initializer_list<int> ids) {
+    runners.push_back(std::make_unique<Runner>());
+    runners.back()->prepareMthHashSet();
+    for (int id : ids) byType[id] = runners.back().get();
+}
+
+} // namespace
+
+void CMC_RunnerFactory::initialize() {
+    if (!runners.empty()) return;
+    add<CMC_Dummy_Runner>({0});
+    add<CMC_Variable_Runner>(
+        {types::kInteger, types::kString, types::kBool, types::kDouble, types::kExpression});
+    add<CMC_BasicCondition_Runner>({types::kCondition, types::kComplexCondition});
+    add<CMC_Behaviour_Runner>({types::kBehaviour});
+    add<CMC_Rand_Runner>({types::kRandom});
+    add<CMC_Timer_Runner>({types::kTimer});
+    add<CMC_Vector_Runner>({types::kVector});
+    add<CMC_Quene_Runner>({types::kFifo, types::kLifo});
+    add<CMC_Groupped_Runner>({types::kGroup});
+    add<CMC_Array_Runner>({types::kArray});
+    add<CMC_MultiArray_Runner>({types::kMultiArray});
+    add<CMC_System_Runner>({types::kSystem});
+}
+
+void CMC_RunnerFactory::done() {
+    byType.clear();
+    runners.clear();
+}
+
+CMC_Runner * CMC_RunnerFactory::getRunner(int type) {
+    auto place = byType.find(type);
+    return place == byType.end() ? nullptr : place->second;
+}

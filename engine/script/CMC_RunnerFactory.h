@@ -1,0 +1,13 @@
+#pragma once
+
+// One runner for each script type, made before anything is loaded.
+
+class CMC_Runner;
+
+class CMC_RunnerFactory {
+public:
+    static void initialize();
+    static void done();
+    // By type id; 0 gives the runner of the statements. Null for a type whose objects bring their own.
+    static CMC_Runner * getRunner(int type);
+};

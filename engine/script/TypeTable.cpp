@@ -1,0 +1,68 @@
+#include "script/TypeTable.h"
+
+#include "script/CMC_Array.h"
+#include "script/CMC_Behaviour.h"
+#include "script/CMC_Bool.h"
+#include "script/CMC_ComplexCondition.h"
+#include "script/CMC_Condition.h"
+#include "script/CMC_Double.h"
+#include "script/CMC_Expression.h"
+#include "script/CMC_Groupped.h"
+#include "script/CMC_Integer.h"
+#include "script/CMC_MultiArray.h"
+#include "script/CMC_ObjectsContainer.h"
+#include "script/CMC_Quene.h"
+#include "script/CMC_String.h"
+#include "script/CMC_Timer.h"
+#include "script/CMC_Vector.h"
+
+#include <algorithm>
+
+namespace typetable {
+
+namespace {
+
+template <class Type>
+CMC_Object * make(CMC_ObjectsContainer * scope, CMElement * element) {
+    return new Type(scope, element);
+}
+
+template <class Type>
+constexpr TypeRow row(std::string_view word, int id, int pass) {
+    return {word, id, pass, make<Type>, Type::kKeys, Type::kSignals};
+}
+
+// The order of objects in a scope follows from the passes: what later constructors look up comes first.
+const TypeRow kRows[] = {
+    row<CMC_Behaviour>("BEHAVIOUR", types::kBehaviour, 1),
+    row<CMC_Bool>("BOOL", types::kBool, 2),
+    row<CMC_Double>("DOUBLE", types::kDouble, 2),
+    row<CMC_Integer>("INTEGER", types::kInteger, 2),
+    row<CMC_String>("STRING", types::kString, 2),
+    row<CMC_Condition>("CONDITION", types::kCondition, 3),
+    row<CMC_ComplexCondition>("COMPLEXCONDITION", types::kComplexCondition, 3),
+    row<CMC_Expression>("EXPRESSION", types::kExpression, 3),
+    row<CMC_Array>("ARRAY", types::kArray, 3),
+    row<CMC_MultiArray>("MULTIARRAY", types::kMultiArray, 3),
+    row<CMC_Vector>("VECTOR", types::kVector, 5),
+    row<CMC_Timer>("TIMER", types::kTimer, 6),
+    row<CMC_Groupped>("GROUP", types::kGroup, 6),
+    row<CMC_Fifo>("FIFO", types::kFifo, 6),
+    row<CMC_Lifo>("LIFO", types::kLifo, 6),
+};
+
+} // namespace
+
+const TypeRow * find(std::string_view word) {
+    const TypeRow * hit = std::ranges::find(kRows, word, &TypeRow::word);
+    return hit == std::end(kRows) ? nullptr : hit;
+}
+
+const TypeRow * find(int id) {
+    const TypeRow * hit = std::ranges::find(kRows, id, &TypeRow::id);
+    return hit == std::end(kRows) ? nullptr : hit;
+}
+
+std::span<const TypeRow> rows() { return kRows; }
+
+} // namespace typetable
