@@ -6,6 +6,7 @@ void * CXArray::setAt(int i, void * item) {
     if (i < 0 || i > kMaxIndex) return nullptr;
     growFor(i);
     if (i >= capacity_) doubleSize();
+    need(i + 1);
     return std::exchange(items_[i], item);
 }
 

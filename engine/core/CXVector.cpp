@@ -17,6 +17,7 @@ void CXVector::insertAt(int i, CXObject * item) {
 
 void CXVector::copyInto(CXVector * other) {
     assert(other->capacity_ >= size);
+    other->need(size);
     std::copy_n(items_, size, other->items_);
     other->size = size;
 }

@@ -1,7 +1,8 @@
 #pragma once
 
 // What CXArray and CXVector share: a growing list of pointers that it doesn't own. It doubles when its size
-// passes capacity x load factor, counted in floating point, and never shrinks.
+// passes capacity x load factor, counted in floating point, and never shrinks. Memory follows what is stored,
+// not the capacity: every element of a definition has two lists, mostly of a few entries or none.
 
 #include "core/CXObject.h"
 
@@ -11,22 +12,15 @@
 template <class Item>
 class PointerList : public CXObject {
 public:
-    PointerList(int capacity, float loadFactor) : loadFactor_(loadFactor), capacity_(std::max(capacity, 1)) {
-        items_ = new Item *[static_cast<std::size_t>(capacity_)]();
-    }
+    PointerList(int capacity, float loadFactor) : loadFactor_(loadFactor), capacity_(std::max(capacity, 1)) {}
     PointerList(const PointerList &) = delete;
     PointerList & operator=(const PointerList &) = delete;
     ~PointerList() override { delete[] items_; }
 
-    virtual void doubleSize() {
-        auto ** fresh = new Item *[static_cast<std::size_t>(capacity_) * 2]();
-        std::copy_n(items_, capacity_, fresh);
-        delete[] items_;
-        items_ = fresh;
-        capacity_ *= 2;
-    }
+    virtual void doubleSize() { capacity_ *= 2; }
     virtual void add(Item * item) {
         if (size == capacity_) doubleSize(); // only with a load factor of 1 and above
+        need(size + 1);
         items_[size++] = item;
         if (full(size)) doubleSize();
     }
@@ -55,7 +49,7 @@ public:
     // i lies within the capacity; behind the size stands what was left there.
     virtual Item * operator[](int i) {
         assert(i >= 0 && i < capacity_);
-        return items_[i];
+        return i < room_ ? items_[i] : nullptr;
     }
     Item * at(int i) { return operator[](i); }
     int getCapacity() const { return capacity_; }
@@ -73,17 +67,34 @@ protected:
     void growFor(int count) {
         while (full(count) || count > capacity_) doubleSize();
     }
-    void open(int i) { // a gap at i; there is room
+    // Memory for that many items, which lie within the capacity; new places are null.
+    void need(int count) {
+        if (count <= room_) return;
+        int room = std::max(count, std::min(capacity_, std::max(room_ * 2, kLeastRoom)));
+        auto ** fresh = new Item *[static_cast<std::size_t>(room)]();
+        std::copy_n(items_, room_, fresh);
+        delete[] items_;
+        items_ = fresh;
+        room_ = room;
+    }
+    void open(int i) { // a gap at i; it lies within the capacity
+        need(size + 1);
         std::copy_backward(items_ + i, items_ + size, items_ + size + 1);
     }
     void append(PointerList & other) {
         int count = other.size; // other may be this list
         growFor(size + count);
+        need(size + count);
         std::copy_n(other.items_, count, items_ + size);
         size += count;
     }
 
     float loadFactor_;
     int capacity_;
-    Item ** items_;
+    Item ** items_ = nullptr; // owned
+
+private:
+    static constexpr int kLeastRoom = 8;
+
+    int room_ = 0; // places at items_
 };
