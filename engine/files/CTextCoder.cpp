@@ -104,17 +104,31 @@ bool CTextCoder::readCodedLine(std::string & line) {
     return true;
 }
 
+template <class Sink>
+void CTextCoder::codeAll(int cycle, Sink && sink) {
+    cycle_ = std::max(cycle, 1);
+    CXString head;
+    head.Format("{<C:%d>}\n", cycle_);
+    sink(head.view());
+    std::string line;
+    while (!_eof() && readCodedLine(line)) sink(std::string_view(line));
+}
+
+std::string CTextCoder::code(CTextFileReader * reader, int cycle) {
+    std::string coded;
+    CTextCoder coder(nullptr, reader, true);
+    if (!coder.LastError() && !coder.isCoded())
+        coder.codeAll(cycle, [&](std::string_view bytes) { coded += bytes; });
+    return coded;
+}
+
 void CTextCoder::code(CWindow * window, const CXString & from, const CXString & to, int cycle) {
     CTextCoder coder(window, from, false);
     if (coder.LastError() || coder.isCoded()) return;
-    coder.cycle_ = std::max(cycle, 1);
     CFile file(nullptr, to, kCopyMode);
     if (file.LastError()) return;
-    CXString head;
-    head.Format("{<C:%d>}\n", coder.cycle_);
-    file.putLine(head);
-    std::string line;
-    while (!coder._eof() && coder.readCodedLine(line)) file.Write(line.data(), static_cast<int>(line.size()));
+    coder.codeAll(cycle,
+                  [&](std::string_view bytes) { file.Write(bytes.data(), static_cast<int>(bytes.size())); });
 }
 
 void CTextCoder::decode(CWindow * window, const CXString & from, const CXString & to) {

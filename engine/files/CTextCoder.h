@@ -40,8 +40,12 @@ public:
     // Nothing happens on an error, to a text already coded, or to one already clear.
     static void code(CWindow * window, const CXString & from, const CXString & to, int cycle);
     static void decode(CWindow * window, const CXString & from, const CXString & to);
+    // A whole clear text as the bytes of a coded copy; none of one already coded.
+    static std::string code(CTextFileReader * reader, int cycle);
 
 private:
+    template <class Sink>
+    void codeAll(int cycle, Sink && sink);
     void init(CWindow * window, bool noAutoDecode);
     std::string_view nextCodedLine();
     bool readCodedLine(std::string & line);
