@@ -18,7 +18,7 @@ void CMElement::addProperty(const CXString & key) {
 }
 
 void CMElement::addProperty(const CXString & key, const CXString & value) {
-    properties_->add(new CMProperty(key, value));
+    properties_->add(new CMProperty(key.view(), value.view()));
 }
 
 void CMElement::setProperty(const CXString & key, const CXString & value) {

@@ -8,11 +8,13 @@
 #include "script/CMProperties.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
+#include <vector>
 
 namespace {
 
@@ -79,10 +81,68 @@ private:
     std::size_t place_ = 0;
 };
 
+// Finds the first entry of each name in a list that grows, with no walk. It catches up with the list whenever
+// it's asked.
+template <class Entry>
+class NameIndex {
+public:
+    explicit NameIndex(CMList<Entry> & list) : list_(list), slots_(64) {}
+
+    Entry * find(std::string_view name) {
+        for (; known_ < list_.size; known_++) learn(known_);
+        const Slot & slot = slots_[place(name, hashOf(name))];
+        return slot.number ? entry(slot) : nullptr;
+    }
+
+private:
+    struct Slot {
+        std::uint32_t hash = 0;
+        int number = 0; // of the entry, counted from 1; 0 is an empty slot
+    };
+
+    static std::uint32_t hashOf(std::string_view name) {
+        return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
+    }
+    Entry * entry(const Slot & slot) { return list_.getAt(slot.number - 1); }
+
+    // Where the name stands, or the empty slot where it would.
+    std::size_t place(std::string_view name, std::uint32_t hash) {
+        std::size_t mask = slots_.size() - 1; // a power of two
+        for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+            const Slot & slot = slots_[i];
+            if (!slot.number || (slot.hash == hash && entry(slot)->getName().view() == name)) return i;
+        }
+    }
+    void learn(int i) {
+        std::string_view name = list_.getAt(i)->getName().view();
+        std::uint32_t hash = hashOf(name);
+        Slot & slot = slots_[place(name, hash)];
+        if (slot.number) return; // the first of a name counts
+        slot = {hash, i + 1};
+        if (++used_ * 2 > slots_.size()) grow();
+    }
+    void grow() {
+        std::vector<Slot> old(slots_.size() * 2);
+        old.swap(slots_);
+        std::size_t mask = slots_.size() - 1;
+        for (const Slot & slot : old) {
+            if (!slot.number) continue;
+            std::size_t i = slot.hash & mask;
+            while (slots_[i].number) i = (i + 1) & mask;
+            slots_[i] = slot;
+        }
+    }
+
+    CMList<Entry> & list_;
+    int known_ = 0; // entries of the list looked at
+    std::size_t used_ = 0;
+    std::vector<Slot> slots_; // at most half full
+};
+
 // Fills a list line by line. The list itself finds by walking; while it grows, an index stands beside it.
 class Parser {
 public:
-    explicit Parser(CMElements & elements) : elements_(elements) {}
+    explicit Parser(CMElements & elements) : elements_(elements), index_(elements) {}
 
     void read(std::string_view line) {
         if (line.starts_with('!')) stopped_ = true; // for good
@@ -104,17 +164,12 @@ private:
     static constexpr std::size_t kDefinitionName = 4;
     static constexpr int kShortList = 32; // properties that may be walked for every key
 
-    struct Keys {
-        std::unordered_set<std::string_view> names; // of the first `counted` properties
-        int counted = 0;
-    };
-
     // False when the rest of the line is to be left out.
     bool readStatement(std::string_view token, Tokens & tokens) {
         if (token == "OBJECT") {
             std::string_view name = tokens.next();
             if (name.empty() || find(name)) return false;
-            add(new CMElement(CXString(name)));
+            elements_.add(last_ = new CMElement(CXString(name)));
             return true;
         }
         if (token == "IMPORT") {
@@ -123,7 +178,7 @@ private:
             if (find(name)) return true;
             auto * element = new CMElement(CXString(name));
             element->addProperty("TYPE", "SEQUENCE");
-            add(element);
+            elements_.add(element);
             return true;
         }
         CMElement * element = find(token);
@@ -163,7 +218,7 @@ private:
             readItem(*element, items.substr(0, end));
             items.remove_prefix(std::min(end + 1, items.size()));
         }
-        add(element);
+        elements_.add(element);
     }
 
     void readItem(CMElement & element, std::string_view item) {
@@ -187,29 +242,22 @@ private:
             element.addProperty(CXString(key));
             return;
         }
-        Keys & keys = keys_[&element];
-        for (; keys.counted < properties.size; keys.counted++)
-            keys.names.insert(properties.getAt(keys.counted)->getName().view());
-        if (!keys.names.contains(key)) addProperty(element, key, {});
+        auto & keys = keys_.try_emplace(&element, properties).first->second;
+        if (!keys.find(key)) addProperty(element, key, {});
     }
 
-    void add(CMElement * element) {
-        elements_.add(element);
-        // The first of a name stays; what follows is mostly about the new one.
-        if (index_.try_emplace(element->getName().view(), element).second) last_ = element;
-    }
-
+    // The first of that name. Most lines speak of the same element as the one before.
     CMElement * find(std::string_view name) {
-        if (last_ && last_->getName().view() == name) return last_; // most lines speak of the same element
-        auto hit = index_.find(name);
-        if (hit == index_.end()) return nullptr;
-        return last_ = hit->second;
+        if (last_ && last_->getName().view() == name) return last_;
+        CMElement * found = index_.find(name);
+        if (found) last_ = found;
+        return found;
     }
 
     CMElements & elements_;
-    std::unordered_map<std::string_view, CMElement *> index_; // its keys stand in the elements
-    std::unordered_map<CMElement *, Keys> keys_;              // of elements with many properties
-    CMElement * last_ = nullptr;                              // of the index
+    NameIndex<CMElement> index_;
+    std::unordered_map<CMElement *, NameIndex<CMProperty>> keys_; // of elements with many properties
+    CMElement * last_ = nullptr;                                  // of the index
     std::string joined_;
     bool stopped_ = false;
 };

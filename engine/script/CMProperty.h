@@ -14,7 +14,6 @@ class CXArray;
 class CMProperty : public CXObject {
 public:
     CMProperty() = default;
-    CMProperty(const CXString & name, const CXString & value) : name_(name), value_(value) {}
     CMProperty(std::string_view name, std::string_view value) : name_(name), value_(value) {}
 
     const CXString & getName() const { return name_; }
