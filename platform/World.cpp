@@ -15,7 +15,8 @@ Installed::~Installed() { installed = before_; }
 
 World & world() {
     if (!installed) {
-        std::fputs("tarnook: no world is installed: the program must install one before it uses the engine\n", stderr);
+        std::fputs("tarnook: no world is installed: the program must install one before it uses the engine\n",
+                   stderr);
         std::abort();
     }
     return *installed;

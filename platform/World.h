@@ -21,22 +21,22 @@ class VirtualClock;
 
 struct World {
     std::unique_ptr<Clock> clock;
-    std::unique_ptr<PeriodicTimers> timers;   // made after the clock that it follows, gone before it
+    std::unique_ptr<PeriodicTimers> timers; // made after the clock that it follows, gone before it
     std::unique_ptr<RandomSource> random;
     std::unique_ptr<FileSystem> files;
     std::unique_ptr<Locale> locale;
     std::unique_ptr<Dialogs> dialogs;
     std::unique_ptr<DebugChannel> debugger;
-    VirtualClock * virtualClock = nullptr;    // the clock of a headless world, which the host moves; else null
+    VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
 
     // The forms taken, one "what: form" a line, for the log.
     std::string describe() const;
 };
 
 struct Options {
-    unsigned seed = 1;             // of the random source; the desktop takes one from the clock when it is 0
-    std::string disc;              // folder of the machine shown as drive D:, none when empty
-    std::string currentDirectory;  // folder of the machine to start in, the process's own when empty
+    unsigned seed = 1;            // of the random source; the desktop takes one from the clock when it is 0
+    std::string disc;             // folder of the machine shown as drive D:, none when empty
+    std::string currentDirectory; // folder of the machine to start in, the process's own when empty
 };
 
 // Virtual time, message boxes on standard output, the machine's files.

@@ -4,11 +4,13 @@
 
 namespace {
 
-// Width x height, or 0 when that is no sensible count of items.
-int area(CXSize size) {
-    if (size.cx < 0 || size.cy < 0) return 0;
-    long long count = static_cast<long long>(size.cx) * size.cy;
-    return count > CDataBuffer::kLargest ? 0 : static_cast<int>(count);
+// The size, or none when it is no sensible one.
+CXSize checked(CXSize size, int itemSize) {
+    if (size.cx < 0 || size.cy < 0) return {0, 0};
+    // Two steps, so that no product leaves 64 bits.
+    long long items = static_cast<long long>(size.cx) * size.cy;
+    if (items > CDataBuffer::kLargest || items * itemSize > CDataBuffer::kLargest) return {0, 0};
+    return size;
 }
 
 } // namespace
@@ -19,7 +21,7 @@ CDataBuffer::CDataBuffer(int count, int itemSize) : itemSize_(itemSize < 1 ? 1 :
 }
 
 CDataBuffer::CDataBuffer(const char * data, int count, int itemSize) : CDataBuffer(count, itemSize) {
-    std::memcpy(data_, data, static_cast<std::size_t>(getMemoryUsage()));
+    if (data) std::memcpy(data_, data, static_cast<std::size_t>(getMemoryUsage()));
 }
 
 CDataBuffer::~CDataBuffer() { CDataBuffer::flush(); }
@@ -53,10 +55,11 @@ void CDataBuffer::zero() {
 
 CXObject * CDataBuffer::clone() { return new CDataBuffer(data_, count_, itemSize_); }
 
-CDataBuffer2Dim::CDataBuffer2Dim(CXSize size, int itemSize)
-    : CDataBuffer(area(size), itemSize), width_(size.cx), height_(size.cy) {}
+CDataBuffer2Dim::CDataBuffer2Dim(CXSize size, int itemSize) : CDataBuffer2Dim(nullptr, size, itemSize) {}
 
 CDataBuffer2Dim::CDataBuffer2Dim(const char * data, CXSize size, int itemSize)
-    : CDataBuffer(data, area(size), itemSize), width_(size.cx), height_(size.cy) {}
+    : CDataBuffer(data, checked(size, itemSize).cx * checked(size, itemSize).cy, itemSize),
+      width_(checked(size, itemSize).cx),
+      height_(checked(size, itemSize).cy) {}
 
 CXObject * CDataBuffer2Dim::clone() { return new CDataBuffer2Dim(data_, {width_, height_}, itemSize_); }

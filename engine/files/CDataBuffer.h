@@ -7,10 +7,10 @@
 
 class CDataBuffer : public CXObject {
 public:
-    static constexpr int kLargest = 1 << 28; // bytes; a larger or negative wish gives an empty buffer
+    static constexpr int kLargest = 1 << 28; // bytes; a larger or negative wish gives a buffer of size 0
 
     CDataBuffer(int count, int itemSize);                    // zeroed
-    CDataBuffer(const char * data, int count, int itemSize); // a copy
+    CDataBuffer(const char * data, int count, int itemSize); // a copy; zeroed when data is null
     CDataBuffer(const CDataBuffer &) = delete;
     CDataBuffer & operator=(const CDataBuffer &) = delete;
     ~CDataBuffer() override;

@@ -21,7 +21,7 @@ public:
 
 private:
     std::uint32_t hostSeed_;
-    std::uint32_t state_;
+    std::uint32_t state_ = 0;
 };
 
 } // namespace platform

@@ -25,7 +25,7 @@ private:
     using Time = std::chrono::steady_clock;
     struct Timer {
         Time::time_point due;
-        Time::duration period;
+        Time::duration period{};
         Callback callback;
     };
 

@@ -20,8 +20,8 @@ public:
 
 private:
     struct Timer {
-        std::uint64_t due;
-        std::uint32_t period;
+        std::uint64_t due = 0;
+        std::uint32_t period = 0;
         Callback callback;
     };
 
