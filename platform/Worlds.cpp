@@ -32,7 +32,9 @@ std::unique_ptr<World> desktop(const Options & options) {
     auto world = std::make_unique<World>();
     world->clock = std::make_unique<SystemClock>();
     world->timers = std::make_unique<ThreadPeriodicTimers>();
-    auto seed = options.seed ? options.seed : static_cast<std::uint32_t>(world->clock->counter()) | 1U;
+    auto seed = options.seed;
+    if (seed == 0)
+        seed = static_cast<unsigned>(world->clock->counter()) | 2U; // 1 would leave seeds as they are
     world->random = std::make_unique<RandomSource>(seed);
     world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
     world->locale = std::make_unique<SystemLocale>();
@@ -43,11 +45,12 @@ std::unique_ptr<World> desktop(const Options & options) {
 
 std::string World::describe() const {
     std::string text;
-    auto line = [&text](const char * what, const char * form) {
+    auto line = [&text](const char * what, const std::string & form) {
         text += std::string(what) + ": " + form + "\n";
     };
     line("clock", clock->name());
     line("timers", timers->name());
+    line("random", "seed " + std::to_string(random->hostSeed()));
     line("files", files->name());
     line("locale", locale->name());
     line("dialogs", dialogs->name());

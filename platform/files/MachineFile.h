@@ -1,16 +1,26 @@
 #pragma once
 
-// An open file of the machine. In text mode a read turns CR LF into LF.
+// A file of the machine behind the C library's stream.
 
 #include "platform/files/FileSystem.h"
 
 #include <cstdio>
+#include <optional>
 
 namespace platform {
 
+// What a mode of open asks for.
+struct OpenMode {
+    int flags = 0;            // open(2)'s
+    const char * stream = ""; // fdopen's, always binary
+    bool text = false;
+    bool creates() const;
+
+    static std::optional<OpenMode> parse(const char * mode);
+};
+
 class MachineFile : public File {
 public:
-    // Takes over the stream, opened in binary form.
     MachineFile(std::FILE * stream, bool text) : stream_(stream), text_(text) {}
     ~MachineFile() override { std::fclose(stream_); }
     MachineFile(const MachineFile &) = delete;
@@ -20,17 +30,15 @@ public:
     std::size_t write(const void * from, std::size_t bytes) override;
     int seek(std::int64_t offset, int whence) override;
     std::int64_t tell() override;
-    int flush() override { return std::fflush(stream_); }
-    bool eof() override { return std::feof(stream_) != 0; }
+    int flush() override;
+    bool eof() override;
     bool gets(char * to, int size) override;
 
 private:
-    enum class Last { none, read, write };
-    void turn(Last now);
+    int character();
 
     std::FILE * stream_; // owned
     bool text_;
-    Last last_ = Last::none; // the stream wants a seek between reading and writing
 };
 
 } // namespace platform

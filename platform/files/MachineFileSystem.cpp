@@ -2,302 +2,344 @@
 
 #include "platform/files/MachineFile.h"
 #include "platform/text/Windows1250.h"
-#include "platform/text/WindowsNames.h"
 
 #include <algorithm>
-#include <dirent.h>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace platform {
 
-namespace fs = std::filesystem;
-
 namespace {
 
-constexpr std::size_t kLongestPath = 4095; // bytes that the machine takes
+constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
-bool isDrive(std::string_view path) {
-    return path.size() > 1 && path[1] == ':' &&
-           ((path[0] >= 'a' && path[0] <= 'z') || (path[0] >= 'A' && path[0] <= 'Z'));
-}
+// An open file of the machine, closed at the end of the block.
+class Descriptor {
+public:
+    explicit Descriptor(int fd) : fd_(fd) {}
+    ~Descriptor() { reset(-1); }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor & operator=(const Descriptor &) = delete;
 
-char upperDrive(char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-bool isSlash(char c) { return c == '\\' || c == '/'; }
-
-bool status(const std::string & path, struct stat & to) {
-    return !path.empty() && path.size() <= kLongestPath && ::stat(path.c_str(), &to) == 0;
-}
-
-bool isFolder(const std::string & path) {
-    struct stat s {};
-    return status(path, s) && S_ISDIR(s.st_mode);
-}
-
-std::string withoutSlash(std::string path) {
-    while (path.size() > 1 && path.back() == '/') path.pop_back();
-    return path == "/" ? std::string() : path;
-}
-
-FindData dataOf(const std::string & name, const struct stat & s) {
-    FindData data;
-    data.name = name;
-    if (S_ISDIR(s.st_mode)) {
-        data.attrib = FindData::kDirectory;
-    } else {
-        data.attrib = FindData::kArchive;
-        data.size = static_cast<std::uint64_t>(s.st_size);
+    operator int() const { return fd_; }
+    int release() { return std::exchange(fd_, -1); }
+    void reset(int fd) {
+        if (fd_ >= 0) close(fd_);
+        fd_ = fd;
     }
-    if (!(s.st_mode & S_IWUSR)) data.attrib |= FindData::kReadOnly;
-    data.timeWrite = s.st_mtime;
-    return data;
+
+private:
+    int fd_;
+};
+
+// Where the machine calls the root of drive C: "/", a Place has "".
+const char * nonEmpty(const std::string & machine) { return machine.empty() ? "/" : machine.c_str(); }
+
+std::string folderOf(const std::string & machine) {
+    std::size_t slash = machine.rfind('/');
+    return slash == std::string::npos || slash == 0 ? "/" : machine.substr(0, slash);
+}
+
+bool isFile(const std::string & machine) {
+    struct stat info {};
+    return stat(nonEmpty(machine), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+bool isFolder(const std::string & machine) {
+    struct stat info {};
+    return stat(nonEmpty(machine), &info) == 0 && S_ISDIR(info.st_mode);
+}
+
+// Waits for nothing: a pipe without a writer mustn't hold the engine up.
+int openQuickly(const std::string & machine, int flags) {
+    return ::open(nonEmpty(machine), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+}
+
+std::string realPath(const std::string & folder) {
+    std::unique_ptr<char, decltype(&std::free)> real(realpath(folder.c_str(), nullptr), &std::free);
+    return real ? real.get() : "";
+}
+
+std::string processFolder() {
+    std::unique_ptr<char, decltype(&std::free)> here(getcwd(nullptr, 0), &std::free);
+    return here ? here.get() : "/";
+}
+
+bool pour(int from, int to) {
+    std::array<char, 65536> block{};
+    for (;;) {
+        ssize_t got = read(from, block.data(), block.size());
+        if (got <= 0) return got == 0;
+        for (ssize_t done = 0; done < got;) {
+            ssize_t put = write(to, block.data() + done, static_cast<std::size_t>(got - done));
+            if (put <= 0) return false;
+            done += put;
+        }
+    }
 }
 
 } // namespace
 
-MachineFileSystem::MachineFileSystem(const std::string & currentDirectory, const std::string & disc) {
-    std::error_code error;
-    if (!disc.empty()) disc_ = withoutSlash(fs::absolute(disc, error).lexically_normal().string());
-    fs::path start =
-        currentDirectory.empty() ? fs::current_path(error) : fs::absolute(currentDirectory, error);
-    current_ = placeOf(fromMachine(start.lexically_normal().string()));
+MachineFileSystem::MachineFileSystem(const std::string & start, const std::string & disc) {
+    if (!disc.empty() && isFolder(disc)) {
+        disc_ = realPath(disc);
+        hasDisc_ = !disc_.empty();
+        if (disc_ == "/") disc_.clear();
+    }
+    changeDirectory(fromMachine(start.empty() ? processFolder() : start));
 }
 
-std::string MachineFileSystem::rootOf(char drive) const { return drive == 'D' ? disc_ : std::string(); }
+WindowsPath MachineFileSystem::current() {
+    Lock lock(mutex_);
+    return current_;
+}
 
-MachineFileSystem::Place MachineFileSystem::placeOf(std::string_view path, bool lastIsMask) const {
-    Place place;
-    if (isDrive(path)) {
-        place.drive = upperDrive(path[0]);
-        path.remove_prefix(2);
-        bool absolute = !path.empty() && isSlash(path[0]);
-        if (!absolute && place.drive == current_.drive) place.names = current_.names;
-    } else {
-        place.drive = current_.drive;
-        if (path.empty() || !isSlash(path[0])) place.names = current_.names;
+const std::string * MachineFileSystem::rootOf(char drive) const {
+    static const std::string kRoot;
+    if (drive == 'C') return &kRoot;
+    return drive == 'D' && hasDisc_ ? &disc_ : nullptr;
+}
+
+std::optional<MachineFileSystem::Place> MachineFileSystem::exactPlace(const WindowsPath & path) const {
+    const std::string * root = rootOf(path.drive);
+    if (!root) return std::nullopt;
+    std::string tail = toUtf8(path.tail);
+    std::replace(tail.begin(), tail.end(), '\\', '/');
+    return Place{*root + tail, root->size(), path.asFolder};
+}
+
+std::optional<MachineFileSystem::Place> MachineFileSystem::exactPlace(const std::string & path) {
+    auto parsed = parseWindowsPath(path, current());
+    return parsed ? exactPlace(*parsed) : std::nullopt;
+}
+
+void MachineFileSystem::match(Place & place, bool knownMissing) {
+    std::string & path = place.machine;
+    struct stat info {};
+    std::size_t known = path.size(); // this much of the path exists as it is written
+    if (knownMissing && known > place.root) known = path.rfind('/', known - 1);
+    while (known > place.root && stat(path.substr(0, known).c_str(), &info) != 0)
+        known = path.rfind('/', known - 1);
+    while (known < path.size()) {
+        std::size_t end = std::min(path.find('/', known + 1), path.size());
+        std::string folder = known == 0 ? "/" : path.substr(0, known);
+        std::string name = toUtf8(listings_.find(folder, fromUtf8(path.substr(known + 1, end - known - 1))));
+        if (name.empty()) return;
+        path.replace(known + 1, end - known - 1, name);
+        known += 1 + name.size();
     }
-    place.sound = place.drive == 'C' || (place.drive == 'D' && !disc_.empty());
-    while (!path.empty()) {
-        auto end = std::ranges::find_if(path, isSlash);
-        std::string_view name(path.begin(), end);
-        path.remove_prefix(std::min(name.size() + 1, path.size()));
-        if (name.empty() || name == ".") continue;
-        if (name == "..") {
-            if (!place.names.empty()) place.names.pop_back();
-            continue;
-        }
-        if (!isLegalName(name) && !(lastIsMask && path.empty())) place.sound = false;
-        place.names.emplace_back(name);
-    }
+}
+
+std::optional<MachineFileSystem::Place> MachineFileSystem::find(const std::string & path) {
+    auto place = exactPlace(path);
+    if (place) match(*place);
     return place;
 }
 
-// The machine's name of one name in a folder: itself when it is there, else the one that differs in case
-// only, else itself again.
-std::string MachineFileSystem::found(const std::string & folder, const std::string & name) {
-    std::string own = toUtf8(name);
-    std::string exact = folder + "/" + own;
-    if (exact.size() <= kLongestPath && ::access(exact.c_str(), F_OK) == 0) return own;
-    struct stat s {};
-    if (!status(folder.empty() ? "/" : folder, s) || !S_ISDIR(s.st_mode)) return own;
-    std::int64_t changed = static_cast<std::int64_t>(s.st_mtim.tv_sec) * 1000000000 + s.st_mtim.tv_nsec;
-    auto place = listings_.find(folder);
-    if (place == listings_.end() || place->second.changed != changed) {
-        Listing listing{changed, {}};
-        if (DIR * entries = ::opendir(folder.empty() ? "/" : folder.c_str())) {
-            while (const dirent * entry = ::readdir(entries))
-                if (fitsWindows1250(entry->d_name))
-                    listing.names.try_emplace(upperName(fromUtf8(entry->d_name)), entry->d_name);
-            ::closedir(entries);
-        }
-        place = listings_.insert_or_assign(folder, std::move(listing)).first;
-    }
-    auto hit = place->second.names.find(upperName(name));
-    return hit == place->second.names.end() ? own : hit->second;
-}
-
-std::string MachineFileSystem::machineName(const Place & place) {
-    if (!place.sound) return {};
-    std::string path = rootOf(place.drive);
-    for (const std::string & name : place.names) {
-        path += "/" + found(path, name);
-        if (path.size() > kLongestPath) return {};
-    }
-    return path.empty() ? "/" : path;
-}
-
-std::string MachineFileSystem::machineNameOf(const std::string & path) {
-    return path.empty() || path.size() > kLongestPath ? std::string() : machineName(placeOf(path));
-}
-
-void MachineFileSystem::forget(const std::string & machinePath) {
-    listings_.erase(machinePath.substr(0, machinePath.find_last_of('/')));
-    listings_.erase(machinePath);
-}
+void MachineFileSystem::forgetFolderOf(const std::string & machine) { listings_.forget(folderOf(machine)); }
 
 std::unique_ptr<File> MachineFileSystem::open(const std::string & path, const char * mode) {
-    std::lock_guard hold(lock_);
-    std::string_view wanted(mode);
-    bool text = wanted.find('b') == std::string_view::npos;
-    std::string own{wanted.substr(0, 1)};
-    if (wanted.find('+') != std::string_view::npos) own += '+';
-    std::string name = machineNameOf(path);
-    if (name.empty() || isFolder(name)) return nullptr;
-    std::FILE * stream = std::fopen(name.c_str(), (own + "b").c_str());
+    auto how = OpenMode::parse(mode);
+    auto place = exactPlace(path);
+    if (!how || !place || place->asFolder) return nullptr;
+
+    Descriptor fd(openQuickly(place->machine, how->flags & ~O_CREAT));
+    if (fd < 0) {
+        if (errno != ENOENT) return nullptr;
+        const std::string written = place->machine;
+        match(*place, true);
+        if (!how->creates() && place->machine == written) return nullptr;
+        fd.reset(openQuickly(place->machine, how->flags));
+        if (fd < 0) return nullptr;
+        if (how->creates()) forgetFolderOf(place->machine);
+    }
+    struct stat info {};
+    if (fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) return nullptr;
+    std::FILE * stream = fdopen(fd, how->stream);
     if (!stream) return nullptr;
-    if (own[0] != 'r') forget(name);
-    return std::make_unique<MachineFile>(stream, text);
+    fd.release();
+    return std::make_unique<MachineFile>(stream, how->text);
 }
 
-std::string MachineFileSystem::currentDirectory() {
-    std::lock_guard hold(lock_);
-    std::string path{current_.drive, ':'};
-    for (const std::string & name : current_.names) path += "\\" + name;
-    return current_.names.empty() ? path + "\\" : path;
-}
+std::string MachineFileSystem::currentDirectory() { return current().full(); }
 
 bool MachineFileSystem::changeDirectory(const std::string & path) {
-    std::lock_guard hold(lock_);
-    if (path.empty()) return false;
-    Place place = placeOf(path);
-    std::string name = machineName(place);
-    if (name.empty() || !isFolder(name)) return false;
-    // Spelled as the machine has it.
-    std::size_t root = rootOf(place.drive).size();
-    place.names.clear();
-    for (std::size_t i = root; i < name.size();) {
-        std::size_t end = std::min(name.find('/', i + 1), name.size());
-        if (end > i + 1) place.names.push_back(fromUtf8(std::string_view(name).substr(i + 1, end - i - 1)));
-        i = end;
-    }
-    current_ = place;
+    auto parsed = parseWindowsPath(path, current());
+    if (!parsed) return false;
+    auto place = exactPlace(*parsed);
+    if (!place) return false;
+    match(*place);
+    if (!isFolder(place->machine)) return false;
+    parsed->tail = fromUtf8(place->machine.substr(place->root));
+    std::replace(parsed->tail.begin(), parsed->tail.end(), '/', '\\');
+    parsed->asFolder = false;
+    Lock lock(mutex_);
+    current_ = *parsed;
     return true;
 }
 
 bool MachineFileSystem::makeDirectory(const std::string & path) {
-    std::lock_guard hold(lock_);
-    std::string name = machineNameOf(path);
-    if (name.empty() || ::mkdir(name.c_str(), 0777) != 0) return false;
-    forget(name);
+    auto place = find(path);
+    if (!place || mkdir(nonEmpty(place->machine), 0777) != 0) return false;
+    forgetFolderOf(place->machine);
     return true;
 }
 
 bool MachineFileSystem::removeDirectory(const std::string & path) {
-    std::lock_guard hold(lock_);
-    std::string name = machineNameOf(path);
-    if (name.empty() || ::rmdir(name.c_str()) != 0) return false;
-    forget(name);
+    auto place = find(path);
+    if (!place) return false;
+    auto here = exactPlace(current());
+    if (here && here->machine == place->machine) return false; // it is in use
+    if (rmdir(nonEmpty(place->machine)) != 0) return false;
+    listings_.forget(place->machine);
+    forgetFolderOf(place->machine);
     return true;
 }
 
 bool MachineFileSystem::remove(const std::string & path) {
-    std::lock_guard hold(lock_);
-    std::string name = machineNameOf(path);
-    if (name.empty() || ::unlink(name.c_str()) != 0) return false;
-    forget(name);
+    auto place = find(path);
+    if (!place || place->asFolder || !isFile(place->machine)) return false;
+    if (unlink(place->machine.c_str()) != 0) return false;
+    forgetFolderOf(place->machine);
     return true;
 }
 
 bool MachineFileSystem::replace(const std::string & from, const std::string & to) {
-    std::lock_guard hold(lock_);
-    std::string old = machineNameOf(from), fresh = machineNameOf(to);
-    if (old.empty() || fresh.empty() || isFolder(fresh)) return false;
-    // What was written must be on the disk before the name is, or a crash could leave an empty file.
-    if (int file = ::open(old.c_str(), O_RDONLY); file >= 0) {
-        ::fsync(file);
-        ::close(file);
-    }
-    if (::rename(old.c_str(), fresh.c_str()) != 0) return false;
-    forget(old);
-    forget(fresh);
+    auto source = find(from);
+    auto target = find(to);
+    if (!source || !target || source->asFolder || target->asFolder || !isFile(source->machine)) return false;
+    if (rename(source->machine.c_str(), nonEmpty(target->machine)) != 0) return false;
+    forgetFolderOf(source->machine);
+    forgetFolderOf(target->machine);
     return true;
 }
 
 bool MachineFileSystem::copy(const std::string & from, const std::string & to, bool failIfExists) {
-    std::lock_guard hold(lock_);
-    std::string source = machineNameOf(from), target = machineNameOf(to);
-    if (source.empty() || target.empty()) return false;
-    auto existing = failIfExists ? fs::copy_options::none : fs::copy_options::overwrite_existing;
-    std::error_code error;
-    if (!fs::is_regular_file(source, error) || fs::equivalent(source, target, error)) return false;
-    bool copied = fs::copy_file(source, target, existing, error);
-    forget(target);
-    return copied && !error;
+    auto source = find(from);
+    auto target = find(to);
+    if (!source || !target || source->asFolder || target->asFolder) return false;
+    Descriptor in(openQuickly(source->machine, O_RDONLY));
+    struct stat info {
+    }, before{};
+    if (in < 0 || fstat(in, &info) != 0 || !S_ISREG(info.st_mode)) return false;
+    const bool exists = stat(nonEmpty(target->machine), &before) == 0;
+    if (exists && (failIfExists || !S_ISREG(before.st_mode))) return false;
+    if (exists && before.st_dev == info.st_dev && before.st_ino == info.st_ino) return false; // onto itself
+
+    Descriptor out(
+        ::open(nonEmpty(target->machine), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, info.st_mode & 0777));
+    if (out < 0) return false;
+    forgetFolderOf(target->machine);
+    bool whole = pour(in, out);
+    if (whole) { // a copy keeps the time of its original
+        const timespec times[2] = {info.st_atim, info.st_mtim};
+        futimens(out, times);
+    }
+    if (close(out.release()) != 0) whole = false;
+    if (!whole) unlink(target->machine.c_str());
+    return whole;
 }
 
 int MachineFileSystem::findFirst(const std::string & mask, FindData & data) {
-    std::lock_guard hold(lock_);
-    if (mask.empty() || mask.size() > kLongestPath || isSlash(mask.back())) return -1;
-    auto cut = std::find_if(mask.rbegin(), mask.rend(), [](char c) { return isSlash(c) || c == ':'; }).base();
-    std::string wanted(cut, mask.end());
-    Place place = placeOf(std::string(mask.begin(), cut) + ".");
-    std::string folder = machineName(place);
-    if (folder.empty() || wanted.empty()) return -1;
-
+    auto path = parseWindowsPath(mask, current(), true);
+    if (!path || path->asFolder || path->tail.empty()) return -1;
+    const std::string wanted(path->lastName());
     Search search;
-    if (DIR * entries = ::opendir(folder.c_str())) {
-        while (const dirent * entry = ::readdir(entries)) {
-            std::string_view own(entry->d_name);
-            if ((own == "." || own == "..") && place.names.empty()) continue; // a drive's root has none
-            struct stat s {};
-            if (!fitsWindows1250(own) || !status(folder + "/" + std::string(own), s)) continue;
-            std::string name = fromUtf8(own);
-            if (fitsMask(wanted, name)) search.hits.push_back(dataOf(name, s));
-        }
-        ::closedir(entries);
+    if (wanted.find_first_of("*?") == std::string::npos) {
+        auto place = exactPlace(*path);
+        if (!place) return -1;
+        match(*place);
+        const std::size_t slash = place->machine.rfind('/');
+        search.folder = place->machine.substr(0, slash);
+        search.names.push_back(fromUtf8(place->machine.substr(slash + 1)));
+        return begin(std::move(search), data);
     }
-    auto special = [](const FindData & hit) { return hit.name == "." || hit.name == ".."; };
-    std::ranges::sort(search.hits, [&](const FindData & a, const FindData & b) {
-        if (special(a) != special(b)) return special(a);
-        return upperName(a.name) < upperName(b.name);
-    });
-    if (search.hits.empty()) return -1;
-    data = search.hits[0];
-    search.next = 1;
-    search.open = true;
-    auto free = std::ranges::find(searches_, false, &Search::open);
-    if (free == searches_.end()) free = searches_.emplace(searches_.end());
-    *free = std::move(search);
-    return static_cast<int>(free - searches_.begin());
+
+    path->tail.erase(path->folder().size());
+    auto folder = exactPlace(*path);
+    if (!folder) return -1;
+    match(*folder);
+    search.folder = folder->machine;
+    search.names = listings_.names(nonEmpty(folder->machine));
+    std::erase_if(search.names, [&](const std::string & name) { return !fitsMask(wanted, name); });
+    std::reverse(search.names.begin(), search.names.end());
+    if (!path->tail.empty())
+        for (const char * dots : {"..", "."})
+            if (fitsMask(wanted, dots)) search.names.push_back(dots);
+    return begin(std::move(search), data);
+}
+
+int MachineFileSystem::begin(Search search, FindData & data) {
+    auto slot = std::find(searches_.begin(), searches_.end(), std::nullopt);
+    if (slot == searches_.end()) slot = searches_.insert(slot, std::nullopt);
+    *slot = std::move(search);
+    int handle = static_cast<int>(slot - searches_.begin()) + 1;
+    if (findNext(handle, data) == 0) return handle;
+    findClose(handle);
+    return -1;
 }
 
 int MachineFileSystem::findNext(int handle, FindData & data) {
-    std::lock_guard hold(lock_);
-    if (handle < 0 || static_cast<std::size_t>(handle) >= searches_.size()) return -1;
-    Search & search = searches_[static_cast<std::size_t>(handle)];
-    if (!search.open || search.next >= search.hits.size()) return -1;
-    data = search.hits[search.next++];
-    return 0;
+    if (handle < 1 || static_cast<std::size_t>(handle) > searches_.size()) return -1;
+    auto & search = searches_[static_cast<std::size_t>(handle) - 1];
+    if (!search) return -1;
+    while (!search->names.empty()) {
+        std::string name = std::move(search->names.back());
+        search->names.pop_back();
+        struct stat info {};
+        if (stat((search->folder + "/" + toUtf8(name)).c_str(), &info) != 0)
+            continue; // gone, or leads nowhere
+        const bool isDirectory = S_ISDIR(info.st_mode);
+        data.attrib = isDirectory ? FindData::kDirectory : FindData::kArchive;
+        if (!isDirectory && !(info.st_mode & kAnyWrite)) data.attrib |= FindData::kReadOnly;
+        data.timeWrite = info.st_mtim.tv_sec;
+        data.size = isDirectory ? 0 : static_cast<std::uint64_t>(info.st_size);
+        data.name = std::move(name);
+        return 0;
+    }
+    return -1;
 }
 
 void MachineFileSystem::findClose(int handle) {
-    std::lock_guard hold(lock_);
-    if (handle >= 0 && static_cast<std::size_t>(handle) < searches_.size())
-        searches_[static_cast<std::size_t>(handle)] = {};
+    if (handle >= 1 && static_cast<std::size_t>(handle) <= searches_.size())
+        searches_[static_cast<std::size_t>(handle) - 1].reset();
 }
 
 DriveType MachineFileSystem::driveType(const std::string & root) {
-    if (!isDrive(root)) return DriveType::noRoot;
-    switch (upperDrive(root[0])) {
-    case 'C': return DriveType::fixed;
-    case 'D': return disc_.empty() ? DriveType::noRoot : DriveType::optical;
-    default: return DriveType::noRoot;
-    }
+    auto path = parseWindowsPath(root, WindowsPath{});
+    const bool isRoot = root.size() >= 2 && root.size() <= 3 && root[1] == ':' && path && path->tail.empty();
+    if (!isRoot || !rootOf(path->drive)) return DriveType::noRoot;
+    return path->drive == 'C' ? DriveType::fixed : DriveType::optical;
 }
 
 std::string MachineFileSystem::toMachine(const std::string & path) {
-    std::lock_guard hold(lock_);
-    return machineNameOf(path);
+    auto place = find(path);
+    return place ? nonEmpty(place->machine) : "";
 }
 
 std::string MachineFileSystem::fromMachine(const std::string & utf8Path) {
-    std::string path = "C:" + fromUtf8(utf8Path);
-    std::ranges::replace(path, '/', '\\');
-    return path.size() == 2 ? "C:\\" : path;
+    if (utf8Path.empty()) return {};
+    std::string path = utf8Path[0] == '/' ? utf8Path : processFolder() + "/" + utf8Path;
+    std::string windows = "C:";
+    // A name that Windows can't hold gets a ? at least, and so finds nothing later.
+    for (std::size_t at = 0; at < path.size();) {
+        std::size_t end = std::min(path.find('/', at), path.size());
+        std::string name = path.substr(at, end - at);
+        at = end + 1;
+        if (name.empty() || name == ".") continue;
+        if (name != "..") {
+            std::replace(name.begin(), name.end(), '\\', '?');
+            windows += "\\" + fromUtf8(name);
+        } else if (windows.size() > 2) {
+            windows.erase(windows.rfind('\\'));
+        }
+    }
+    return windows.size() == 2 ? windows + "\\" : windows;
 }
 
 } // namespace platform

@@ -1,22 +1,26 @@
 #pragma once
 
-// The machine's own files under Windows names.
+// The machine's files. A name that exists just as it is written costs no look into a folder; any other is
+// matched folder by folder from the first part that differs.
 
 #include "platform/files/FileSystem.h"
+#include "platform/files/FolderListings.h"
+#include "platform/files/WindowsPath.h"
+#include "platform/thread/Mutex.h"
 
-#include <mutex>
-#include <unordered_map>
+#include <optional>
 #include <vector>
 
 namespace platform {
 
 class MachineFileSystem : public FileSystem {
 public:
-    // Folders of the machine: where to start (the process's current one when empty), and what stands on drive
-    // D: (none when empty).
-    MachineFileSystem(const std::string & currentDirectory, const std::string & disc);
+    // Folders of the machine: the one to start in (the process's own when empty; "C:\" when it can't be named
+    // or isn't there) and the one that is drive D: (none when empty or missing).
+    explicit MachineFileSystem(const std::string & start = {}, const std::string & disc = {});
 
     const char * name() const override { return "machine"; }
+
     std::unique_ptr<File> open(const std::string & path, const char * mode) override;
     std::string currentDirectory() override;
     bool changeDirectory(const std::string & path) override;
@@ -33,34 +37,35 @@ public:
     std::string fromMachine(const std::string & utf8Path) override;
 
 private:
-    // A place: a drive and the names below its root, Windows-1250.
+    // A path on the machine. Its first bytes are the drive's root, which is matched as it is.
     struct Place {
-        char drive = 'C';
-        std::vector<std::string> names;
-        bool sound = false; // there is such a drive and every name is a legal one
-    };
-    struct Listing {
-        std::int64_t changed;                               // the folder's, in nanoseconds
-        std::unordered_map<std::string, std::string> names; // upper-cased to the machine's own
+        std::string machine;
+        std::size_t root = 0;
+        bool asFolder = false;
     };
     struct Search {
-        std::vector<FindData> hits;
-        std::size_t next = 0;
-        bool open = false;
+        std::string folder;             // machine path
+        std::vector<std::string> names; // Windows-1250, from the last one to the first
     };
 
-    Place placeOf(std::string_view path, bool lastIsMask = false) const;
-    std::string rootOf(char drive) const;
-    std::string machineName(const Place & place);
-    std::string machineNameOf(const std::string & path); // with the lock
-    std::string found(const std::string & folder, const std::string & name);
-    void forget(const std::string & machinePath); // the listing of its folder
+    WindowsPath current();
+    // The machine's folder shown as a drive, without a slash at the end ("" is "/"); null for no drive.
+    const std::string * rootOf(char drive) const;
+    std::optional<Place> exactPlace(const WindowsPath & path) const;
+    std::optional<Place> exactPlace(const std::string & path);
+    // Turns the names that exist into the machine's spelling; those behind the first that doesn't stay.
+    void match(Place & place, bool knownMissing = false);
+    // Both of the above; nothing for a text that isn't a path of the machine.
+    std::optional<Place> find(const std::string & path);
+    void forgetFolderOf(const std::string & machine);
+    int begin(Search search, FindData & data);
 
-    std::mutex lock_;  // guards all below: files are opened from more than one thread
-    std::string disc_; // UTF-8, without a slash at the end
-    Place current_;
-    std::unordered_map<std::string, Listing> listings_; // by folder of the machine
-    std::vector<Search> searches_;
+    std::string disc_;
+    bool hasDisc_ = false;
+    Mutex mutex_;
+    WindowsPath current_ GUARDED_BY(mutex_); // open() reads it from any thread
+    FolderListings listings_;
+    std::vector<std::optional<Search>> searches_; // the handle is the index plus 1
 };
 
 } // namespace platform

@@ -19,6 +19,8 @@ public:
     // 0..kMax
     int next();
 
+    std::uint32_t hostSeed() const { return hostSeed_; }
+
 private:
     std::uint32_t hostSeed_;
     std::uint32_t state_ = 0;

@@ -14,4 +14,7 @@ std::string fromUtf8(std::string_view utf8);
 // Whether every character of the UTF-8 text has a byte of its own in the code page.
 bool fitsWindows1250(std::string_view utf8);
 
+// The upper-case letters of a Windows-1250 text, other characters as they are: file names are compared so.
+std::string upperWindows1250(std::string_view windows1250);
+
 } // namespace platform

@@ -1,7 +1,8 @@
 #pragma once
 
 // The multimedia timer: calls back every so many milliseconds, from a thread of its own (desktop) or while
-// the virtual clock moves (headless).
+// the virtual clock moves (headless). One callback runs at a time. The moments of a timer are its start and
+// every period from there; of those that pass while another callback runs, it gets one, late.
 
 #include <cstdint>
 #include <functional>

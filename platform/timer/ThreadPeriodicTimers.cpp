@@ -1,57 +1,70 @@
 #include "platform/timer/ThreadPeriodicTimers.h"
 
-#include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace platform {
 
+namespace {
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+std::uint64_t now() {
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count());
+}
+} // namespace
+
 ThreadPeriodicTimers::~ThreadPeriodicTimers() {
+    std::thread thread;
     {
-        std::lock_guard hold(lock_);
-        ended_ = true;
+        Lock lock(mutex_);
+        stop_ = true;
+        thread = std::move(thread_);
     }
     changed_.notify_all();
-    if (thread_.joinable()) thread_.join();
+    if (thread.joinable()) thread.join();
 }
 
 std::uint32_t ThreadPeriodicTimers::set(std::uint32_t periodMs, Callback callback) {
-    std::lock_guard hold(lock_);
-    auto period = std::chrono::milliseconds(std::max(periodMs, 1U));
-    timers_[++last_] = {Time::now() + period, period, std::move(callback)};
-    if (!thread_.joinable()) thread_ = std::thread(&ThreadPeriodicTimers::loop, this);
+    std::uint32_t id;
+    {
+        Lock lock(mutex_);
+        id = timers_.add(periodMs, std::move(callback), now());
+        if (!thread_.joinable()) thread_ = std::thread([this] { run(); });
+    }
     changed_.notify_all();
-    return last_;
+    return id;
 }
 
 void ThreadPeriodicTimers::kill(std::uint32_t id) {
-    std::unique_lock hold(lock_);
-    timers_.erase(id);
-    changed_.notify_all();
-    if (std::this_thread::get_id() == thread_.get_id()) return; // a callback that ends its own timer
-    finished_.wait(hold, [&] { return running_ != id; });
+    Lock lock(mutex_);
+    timers_.remove(id);
+    if (thread_.get_id() == std::this_thread::get_id()) return; // a callback ends its own or a neighbour's
+    while (id != 0 && running_ == id) finished_.wait(mutex_);
 }
 
-void ThreadPeriodicTimers::loop() {
-    std::unique_lock hold(lock_);
-    while (!ended_) {
-        auto first = std::ranges::min_element(timers_, {}, [](const auto & each) { return each.second.due; });
-        if (first == timers_.end()) {
-            changed_.wait(hold);
+void ThreadPeriodicTimers::run() {
+    Lock lock(mutex_);
+    while (!stop_) {
+        const TimerList::Timer * next = timers_.next();
+        if (!next) {
+            changed_.wait(mutex_);
             continue;
         }
-        const Time::time_point due = first->second.due;
-        if (Time::now() < due) {
-            changed_.wait_until(hold, due);
+        if (next->due > now()) {
+            changed_.wait_until(mutex_, steady_clock::time_point(milliseconds(next->due)));
             continue;
         }
-        // A late timer doesn't ring twice at once to make up for it.
-        first->second.due = std::max(due + first->second.period, Time::now());
-        running_ = first->first;
-        Callback callback = first->second.callback;
-        hold.unlock();
-        callback();
-        hold.lock();
+        std::uint32_t id = next->id;
+        auto callback = next->callback;
+        running_ = id;
+        mutex_.unlock();
+        (*callback)();
+        callback.reset(); // what it holds goes before a waiting kill returns
+        mutex_.lock();
         running_ = 0;
+        timers_.pass(id, now());
         finished_.notify_all();
     }
 }

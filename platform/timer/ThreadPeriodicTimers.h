@@ -1,13 +1,12 @@
 #pragma once
 
-// Periodic timers on one thread of their own, which starts with the first timer.
+// Timers on one thread, which starts with the first timer and ends with this object. Any thread may set
+// and kill.
 
-#include "platform/timer/PeriodicTimers.h"
+#include "platform/thread/Mutex.h"
+#include "platform/timer/TimerList.h"
 
-#include <chrono>
 #include <condition_variable>
-#include <map>
-#include <mutex>
 #include <thread>
 
 namespace platform {
@@ -15,30 +14,24 @@ namespace platform {
 class ThreadPeriodicTimers : public PeriodicTimers {
 public:
     ThreadPeriodicTimers() = default;
-    ~ThreadPeriodicTimers() override;
+    ~ThreadPeriodicTimers() override; // waits for a running callback
+    ThreadPeriodicTimers(const ThreadPeriodicTimers &) = delete;
+    ThreadPeriodicTimers & operator=(const ThreadPeriodicTimers &) = delete;
 
     const char * name() const override { return "thread"; }
     std::uint32_t set(std::uint32_t periodMs, Callback callback) override;
     void kill(std::uint32_t id) override;
 
 private:
-    using Time = std::chrono::steady_clock;
-    struct Timer {
-        Time::time_point due;
-        Time::duration period{};
-        Callback callback;
-    };
+    void run();
 
-    void loop();
-
-    std::mutex lock_; // guards everything below but the thread
-    std::condition_variable changed_;
-    std::condition_variable finished_;
-    std::map<std::uint32_t, Timer> timers_;
-    std::uint32_t last_ = 0;
-    std::uint32_t running_ = 0; // id of the timer whose callback runs, 0 for none
-    bool ended_ = false;
-    std::thread thread_;
+    Mutex mutex_;
+    std::condition_variable_any changed_;  // the thread has something new to look at
+    std::condition_variable_any finished_; // a callback has returned
+    TimerList timers_ GUARDED_BY(mutex_);
+    std::uint32_t running_ GUARDED_BY(mutex_) = 0; // the timer whose callback runs, or 0
+    bool stop_ GUARDED_BY(mutex_) = false;
+    std::thread thread_ GUARDED_BY(mutex_);
 };
 
 } // namespace platform

@@ -1,27 +1,33 @@
 #include "platform/timer/VirtualPeriodicTimers.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace platform {
 
+VirtualPeriodicTimers::VirtualPeriodicTimers(VirtualClock & clock) : clock_(clock) { clock_.add(this); }
+
+VirtualPeriodicTimers::~VirtualPeriodicTimers() { clock_.remove(this); }
+
 std::uint32_t VirtualPeriodicTimers::set(std::uint32_t periodMs, Callback callback) {
-    std::uint32_t period = std::max(periodMs, 1U);
-    timers_[++last_] = {clock_.now() + period, period, std::move(callback)};
-    return last_;
+    return timers_.add(periodMs, std::move(callback), clock_.now());
 }
+
+void VirtualPeriodicTimers::kill(std::uint32_t id) { timers_.remove(id); }
 
 std::uint64_t VirtualPeriodicTimers::due() const {
-    std::uint64_t first = VirtualClock::kNever;
-    for (const auto & [id, timer] : timers_) first = std::min(first, timer.due);
-    return first;
+    const TimerList::Timer * next = ringing_ ? nullptr : timers_.next();
+    return next ? next->due : VirtualClock::kNever;
 }
 
-void VirtualPeriodicTimers::ring(std::uint64_t now) {
-    auto timer = std::ranges::min_element(timers_, {}, [](const auto & each) { return each.second.due; });
-    timer->second.due = now + timer->second.period;
-    Callback callback = timer->second.callback; // it may end its own timer
-    callback();
+void VirtualPeriodicTimers::ring(std::uint64_t) {
+    const TimerList::Timer * next = timers_.next();
+    if (!next) return;
+    std::uint32_t id = next->id;
+    auto callback = next->callback;
+    ringing_ = true;
+    (*callback)();
+    ringing_ = false;
+    timers_.pass(id, clock_.now());
 }
 
 } // namespace platform

@@ -1,36 +1,30 @@
 #pragma once
 
-// Periodic timers that ring while the virtual clock moves, each at its own moment.
+// Timers that fire while the virtual clock moves. The clock's thread only.
 
 #include "platform/clock/VirtualClock.h"
-#include "platform/timer/PeriodicTimers.h"
-
-#include <map>
+#include "platform/timer/TimerList.h"
 
 namespace platform {
 
 class VirtualPeriodicTimers : public PeriodicTimers, private VirtualClock::Alarm {
 public:
-    explicit VirtualPeriodicTimers(VirtualClock & clock) : clock_(clock) { clock_.add(this); }
-    ~VirtualPeriodicTimers() override { clock_.remove(this); }
+    explicit VirtualPeriodicTimers(VirtualClock & clock); // outlives this
+    ~VirtualPeriodicTimers() override;
+    VirtualPeriodicTimers(const VirtualPeriodicTimers &) = delete;
+    VirtualPeriodicTimers & operator=(const VirtualPeriodicTimers &) = delete;
 
     const char * name() const override { return "virtual"; }
     std::uint32_t set(std::uint32_t periodMs, Callback callback) override;
-    void kill(std::uint32_t id) override { timers_.erase(id); }
+    void kill(std::uint32_t id) override;
 
 private:
-    struct Timer {
-        std::uint64_t due = 0;
-        std::uint32_t period = 0;
-        Callback callback;
-    };
-
     std::uint64_t due() const override;
     void ring(std::uint64_t now) override;
 
     VirtualClock & clock_;
-    std::map<std::uint32_t, Timer> timers_; // by id, which grows
-    std::uint32_t last_ = 0;
+    TimerList timers_;
+    bool ringing_ = false; // a callback that sleeps calls no other
 };
 
 } // namespace platform
