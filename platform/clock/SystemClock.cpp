@@ -1,9 +1,11 @@
 #include "platform/clock/SystemClock.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace platform {
@@ -14,6 +16,26 @@ timespec now(clockid_t clock) {
     timespec t{};
     clock_gettime(clock, &t);
     return t;
+}
+
+// The number behind the first "name ... :" of a file of the kernel, 0 without one.
+double numberOf(const char * file, std::string_view name) {
+    std::ifstream lines(file);
+    for (std::string line; std::getline(lines, line);) {
+        std::size_t colon = line.find(':');
+        if (line.starts_with(name) && colon != std::string::npos)
+            return std::strtod(line.c_str() + colon + 1, nullptr);
+    }
+    return 0;
+}
+
+int askedMHz() {
+    double rate = numberOf("/proc/cpuinfo", "cpu MHz");
+    if (rate < 1) { // kinds of processors that don't stand there with a rate
+        std::ifstream kilohertz("/sys/devices/system/cpu/cpu0/cpufreq/cpuinfo_max_freq");
+        if (kilohertz >> rate) rate /= 1000;
+    }
+    return rate >= 1 && rate < 1e6 ? static_cast<int>(rate) : SystemClock::kUnknownMHz;
 }
 
 } // namespace
@@ -40,11 +62,8 @@ void SystemClock::sleep(std::uint32_t milliseconds) {
 }
 
 int SystemClock::processorMHz() {
-    std::ifstream info("/proc/cpuinfo");
-    for (std::string line; std::getline(info, line);)
-        if (line.starts_with("cpu MHz"))
-            if (int rate = std::atoi(line.c_str() + line.find(':') + 1); rate > 0) return rate;
-    return 1; // the machine doesn't tell
+    static const int rate = askedMHz();
+    return rate;
 }
 
 } // namespace platform

@@ -14,7 +14,9 @@ public:
     std::int64_t counter() override;
     std::int64_t counterFrequency() const override { return 1000000000; }
     void sleep(std::uint32_t milliseconds) override;
-    int processorMHz() override;
+    int processorMHz() override; // as the kernel tells it, kUnknownMHz where it doesn't
+
+    static constexpr int kUnknownMHz = 1000;
 };
 
 } // namespace platform
