@@ -213,6 +213,11 @@ bool MachineFileSystem::replace(const std::string & from, const std::string & to
     auto source = find(from);
     auto target = find(to);
     if (!source || !target || source->asFolder || target->asFolder || !isFile(source->machine)) return false;
+    {
+        // The bytes must be on the disk before the name is, or a crash could leave an empty file under it.
+        Descriptor written(openQuickly(source->machine, O_RDONLY));
+        if (written >= 0) fsync(written);
+    }
     if (rename(source->machine.c_str(), nonEmpty(target->machine)) != 0) return false;
     forgetFolderOf(source->machine);
     forgetFolderOf(target->machine);
@@ -224,8 +229,8 @@ bool MachineFileSystem::copy(const std::string & from, const std::string & to, b
     auto target = find(to);
     if (!source || !target || source->asFolder || target->asFolder) return false;
     Descriptor in(openQuickly(source->machine, O_RDONLY));
-    struct stat info {
-    }, before{};
+    struct stat info {};
+    struct stat before {};
     if (in < 0 || fstat(in, &info) != 0 || !S_ISREG(info.st_mode)) return false;
     const bool exists = stat(nonEmpty(target->machine), &before) == 0;
     if (exists && (failIfExists || !S_ISREG(before.st_mode))) return false;
