@@ -7,13 +7,13 @@
 
 namespace life {
 
-constinit std::vector<std::uint32_t> generations;
+constinit SlotTable generations;
 int Guard::depth = 0;
 bool Guard::waiting = false;
 
 namespace {
 
-constinit std::vector<std::uint32_t> freeSlots;
+constinit SlotTable freeSlots;
 std::vector<CXObject *> graves;
 
 // A list of strings that goes as one.
@@ -29,29 +29,29 @@ private:
 } // namespace
 
 Slot::Slot() {
-    if (freeSlots.empty()) {
-        index_ = static_cast<std::uint32_t>(generations.size());
-        generations.push_back(1);
+    if (freeSlots.numbers.empty()) {
+        index_ = static_cast<std::uint32_t>(generations.numbers.size());
+        generations.numbers.push_back(1);
     } else {
-        index_ = freeSlots.back();
-        freeSlots.pop_back();
+        index_ = freeSlots.numbers.back();
+        freeSlots.numbers.pop_back();
     }
 }
 
 void Slot::free() {
     constexpr std::uint32_t kNone = ~std::uint32_t{0};
     if (index_ == kNone) return;
-    generations[index_]++;
-    freeSlots.push_back(std::exchange(index_, kNone));
+    generations.numbers[index_]++;
+    freeSlots.numbers.push_back(std::exchange(index_, kNone));
 }
 
 Handle::Handle(CMC_Object * object) : object_(object) {
     if (!object) return;
     slot_ = object->slot().index_;
-    if (slot_ >= generations.size())
+    if (slot_ >= generations.numbers.size())
         object_ = nullptr; // already gone
     else
-        generation_ = generations[slot_];
+        generation_ = generations.numbers[slot_];
 }
 
 void Guard::release() {

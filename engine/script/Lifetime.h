@@ -63,11 +63,18 @@ void bury(CMC_Object * object);
 // The same for a list of parameters with its strings.
 void buryStrings(CXArray * strings);
 
+// Static objects have slots too, so their tables are there before and after any of them.
+union SlotTable {
+    constexpr SlotTable() : numbers() {}
+    ~SlotTable() {} // never destroyed
+    std::vector<std::uint32_t> numbers;
+};
+
 // Generations of the slots; inside of Handle::get.
-extern std::vector<std::uint32_t> generations;
+extern SlotTable generations;
 
 inline CMC_Object * Handle::get() const {
-    return object_ && generations[slot_] == generation_ ? object_ : nullptr;
+    return object_ && generations.numbers[slot_] == generation_ ? object_ : nullptr;
 }
 
 // Holds an object's memory over an operation of its own that raises signals; false once a handler removed
