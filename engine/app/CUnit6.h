@@ -1,16 +1,90 @@
 #pragma once
 
-// The bridge between the running scene and the window; there is one in a process.
+// The bridge between the running scene and the window: background, music, edit boxes, drag state. There is
+// one in a process, the default unit, which passes from scene to scene. Main thread.
 
-#include "core/CXObject.h"
+#include "app/Listeners.h"
+#include "core/CXArray.h"
+#include "core/CXVector.h"
 
-class CUnit6 : public CXObject {
+#include <memory>
+
+class CGraphicsObject;
+class CMC_Scene;
+class CMElements;
+class CResourcesManager;
+class CWindow;
+
+class CUnit6 : public CXObject, public CKeyListener, public CMouseListener {
 public:
+    static constexpr int kMousePriority = 100000; // above ordinary listeners
+    static constexpr int kTab = 15;               // key code
+
+    CUnit6(CWindow * window, const CXString & name);
+    ~CUnit6() override;
+
+    virtual void initialize(CMC_Scene * scene,
+                            CUnit6 * unit); // music runs on from unit, or is forgotten for null
+    virtual void onInitialUpdate() { initiallyUpdated_ = true; }
+    virtual void onCanvasRefreshed() {}
+    virtual bool wasInitiallyUpdated() { return initiallyUpdated_; }
+    virtual bool domodal() { return retCode_ != 0; }
+    virtual void done(CMC_Scene * scene, CUnit6 * unit);
+    virtual CWindow * getWindow() { return window_; }
     virtual bool isActive() { return active_; }
-    void setActivity(bool active) { active_ = active; }
+    virtual void startMusic(const char * file, bool force); // null for the scene's own
+    virtual void stopMusic();
+    virtual const CXString & getMusicFileName() { return musicPlaying_; }
+    virtual const CXString & getBackgroundFileName() { return backgroundFile_; }
+    virtual void setBackground() {} // the canvas takes the picture, or black without one
+    virtual void onStartDragging(CGraphicsObject * object, CXPoint point, void * data);
+    virtual void onDragging(CXPoint point);
+    virtual void onEndDragging(CXPoint point);
+    virtual CResourcesManager * getResourcesManager() { return resources_.get(); }
+    // A derived unit may filter a scene's elements.
+    virtual CMElements * resolveObjects(CMC_Scene *, CMElements * elements) { return elements; }
+    virtual void addEditBox(CXObject * box) { editBoxes_.add(box); }
+    virtual void activateEditBox(int i) { currentEditBox_ = i; }
+    virtual void removeEditBox(CXObject * box) { editBoxes_.remove(box); }
+    virtual void flushEditBoxes();
+    virtual int getCurrentEditBoxIndex() { return currentEditBox_; }
+    virtual void nextEditBox();
+    virtual void prevEditBox();
     // A timer of the window that was set for this unit fell due.
     virtual void onTimer(int) {}
 
+    bool onKeyDown(int key) override;
+    bool onMouseMove(CXPoint point) override;
+    bool onClick(CXPoint point) override;
+    bool onRelease(CXPoint point) override;
+
+    const CXString & getUnitName() const { return name_; }
+    void setUnitName(const CXString & name) { name_ = name; }
+    void setBackgroundFileName(const CXString & name) { backgroundFile_ = name; }
+    CMC_Scene * getScene() const { return scene_; } // the running one, null between scenes
+    void setActivity(bool active) { active_ = active; }
+    bool getDraggingMode() const { return draggingMode_; }
+    void setDraggingMode(bool on) { draggingMode_ = on; } // click to drop, else release to drop
+    void setRetCode(int code) { retCode_ = code; }
+    int getRetCode() const { return retCode_; }
+    void exit() { retCode_ = 1; }
+    CXArray * getRetPath() { return &retPath_; }
+
 private:
+    CWindow * window_;
+    CXString name_;
+    CMC_Scene * scene_ = nullptr;
+    bool dragging_ = false;
+    bool draggingMode_ = false;
+    CGraphicsObject * dragObject_ = nullptr; // not owned
+    CXPoint dragStart_;
+    bool initiallyUpdated_ = false;
+    CXString backgroundFile_;
+    int retCode_ = 0;
+    CXArray retPath_{101, 0.75F};
     bool active_ = false;
+    std::unique_ptr<CResourcesManager> resources_;
+    CXVector editBoxes_{101, 0.75F}; // not owned
+    int currentEditBox_ = -1;
+    CXString musicPlaying_;
 };

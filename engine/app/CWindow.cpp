@@ -1,15 +1,21 @@
 #include "app/CWindow.h"
 
+#include "app/CApplication.h"
 #include "app/CCommandLine6.h"
+#include "app/CUnit6.h"
 #include "core/CXVersion.h"
 #include "files/CFile.h"
 #include "files/CLanguageOSVer.h"
 #include "platform/World.h"
+#include "script/CMC_Object.h"
+
+#include <algorithm>
 
 CXString CWindow::exePath;
 CXString CWindow::rootPath;
 CXString CWindow::cdPath;
 bool CWindow::logEnabled = false;
+bool CWindow::paused = false;
 std::unique_ptr<CFile> CWindow::log;
 CWindow * CWindow::theWindow = nullptr;
 
@@ -17,24 +23,79 @@ namespace {
 
 constexpr int kLogMode = 6; // write, with reading allowed
 
-// The public trash is the only timer that the window sets for itself.
-constexpr int kTrashTimer = -1;
+// Ids of the window's timers; script objects count from 1.
+constexpr int kOwnTimer = 0, kTrashTimer = -1;
+
+// Events by which hot spots are asked.
+enum Event {
+    kMove = 1,
+    kLeftDown = 2,
+    kLeftUp = 4,
+    kRightDown = 8,
+    kRightUp = 0x10,
+    kMiddleDown = 0x20,
+    kMiddleUp = 0x40,
+    kLeftDouble = 0x41,
+};
+enum Button { kLeft = 0, kMiddle = 1, kRight = 2 };
+
+// The system's own texts, in Windows-1250.
+constexpr struct {
+    int code;
+    const char * text;
+} kErrors[] = {
+    {-998, "Nieprawid\xB3owe dzia\xB3"
+           "anie karty graficznej."},
+    {-997, "Nieprawid\xB3owe dzia\xB3"
+           "anie karty d\x9Fwi\xEAkowej."},
+};
+constexpr const char * kUnknownError = "Nieznany b\xB3\xB9"
+                                       "d krytyczny.";
 
 } // namespace
 
+struct CWindow::MouseEntry : public CXObject {
+    MouseEntry(CMouseListener * who, int rank) : listener(who), priority(rank) {}
+    int compare(CXObject * other) override {
+        int theirs = static_cast<MouseEntry *>(other)->priority;
+        return priority < theirs ? -1 : priority > theirs ? 1 : 0;
+    }
+    CMouseListener * listener;
+    int priority;
+};
+
 CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * language, CXSize size,
-                 const CXString & exe)
-    : hwnd_(hwnd), commandLine_(commandLine), language_(language), size_(size) {
+                 HCURSOR cursor, const CXString & exe, bool noInput)
+    : hwnd_(hwnd),
+      commandLine_(commandLine),
+      language_(language),
+      size_(size),
+      mainCursor_(cursor),
+      windowMode_(commandLine->isWindowMode()) {
     exePath = exe;
     rootPath = CFile::getCurrentDirectory();
     platform::world().random->seed(platform::world().clock->tickCount());
     theWindow = this;
+    paused = false;
     language_->setWindow(this);
+    if (!windowMode_ && !cursorLock_) SetCursor(nullptr);
     timer_.add(kTrashTimer, CPublicTrash::kInterval, &publicTrash_);
+    musicOn_ = commandLine_->isMusicEnabled();
+    soundOn_ = commandLine_->isSoundEnabled();
+    vmem_ = commandLine_->isVMem();
+    if (!noInput) {
+        pollThread_ = std::make_unique<PollThread>([this] {
+            std::lock_guard hold(pollLock_);
+            for (int i = 0; i < pollers_.size; i++) static_cast<CInputPoller *>(pollers_.at(i))->tick();
+        });
+        pollThread_->suspend(true); // until the program is active
+    }
     if (commandLine_->isLogEnabled()) openLog();
 }
 
 CWindow::~CWindow() {
+    pollThread_.reset();
+    for (CXObject * entry : mouseListeners_) delete entry;
     log.reset();
     logEnabled = false;
     language_->setWindow(nullptr);
@@ -59,4 +120,257 @@ void CWindow::toLog(const CXString & text, bool toDebugger) {
     if (!log) return;
     log->Write(text.c_str(), text.getLength());
     log->GetHandle()->flush();
+}
+
+CConfig * CWindow::getConfig() { return application_ ? application_->GetConfigInterface() : nullptr; }
+
+// ------------------------------------------------------------------------------------------------ the tick
+
+bool CWindow::domodal() {
+    Tick();
+    bool over = application_ && application_->domodal();
+    return over || quitFlag_;
+}
+
+// The order is part of what games see: the screen first, with what the last tick left, input last.
+void CWindow::Tick() {
+    if (!active_) return;
+    life::Guard guard; // what scripts remove stays in memory until the tick is over
+    Redraw();
+    if (!pollThread_)
+        for (int i = 0; i < pollers_.size; i++) static_cast<CInputPoller *>(pollers_.at(i))->tick();
+    timer_.domodal();
+    if (application_) application_->stepMedia();
+    std::unique_lock hold(pollLock_, std::defer_lock);
+    if (pollThread_) hold.lock();
+    CXArray pollers(std::max(pollers_.size * 2, 1), 0.75F);
+    pollers.add(&pollers_);
+    for (void * each : pollers)
+        if (pollers_.contains(each)) static_cast<CInputPoller *>(each)->flushSignals(true);
+    CXVector listeners(std::max(mcListeners_.size * 2, 1), 0.75F);
+    listeners.add(&mcListeners_);
+    for (CXObject * each : listeners)
+        if (mcListeners_.contains(each)) static_cast<CMC_Object *>(each)->flush();
+}
+
+void CWindow::OnCreate() { timer_.add(kOwnTimer, 1, this); }
+
+void CWindow::OnActivateApp(bool on) {
+    if (active_ == on) return;
+    active_ = on;
+    if (pollThread_) pollThread_->suspend(!on);
+    if (!on) windowDragged_ = false;
+}
+
+void CWindow::OnDestroy() { pollThread_.reset(); }
+
+bool CWindow::OnExit() { return !application_ || application_->OnExit(); }
+
+void CWindow::SetTimer(int id, unsigned period, CUnit6 * unit, bool onlyWhenActive) {
+    if (unit)
+        timer_.add(id, period, unit, onlyWhenActive);
+    else
+        timer_.add(id, period, this);
+}
+
+// ------------------------------------------------------------------------------------------------ cursors
+
+void CWindow::SetCursor(HCURSOR cursor) {
+    if (!cursorLock_) showCursorImage(cursor);
+}
+
+void CWindow::BeginActiveCursor() {
+    if (activeCursor_ && !activeCursorLocked_) SetCursor(activeCursor_);
+}
+
+void CWindow::BeginWaitCursor() {
+    if (waitCursor_) SetCursor(waitCursor_);
+}
+
+void CWindow::lockActiveCursor(bool on) {
+    EndWaitCursor();
+    activeCursorLocked_ = on;
+}
+
+void CWindow::enableMouse(bool on) {
+    mouseEnabled_ = on;
+    if (on)
+        EndWaitCursor();
+    else
+        BeginWaitCursor();
+}
+
+void CWindow::startDraggingWindow(CXPoint point) {
+    windowDragged_ = true;
+    catchPoint_ = point;
+}
+
+// ------------------------------------------------------------------------------------------------ listeners
+
+void CWindow::registerKeyListener(CKeyListener * listener) { keyListeners_.add(listener); }
+
+void CWindow::removeKeyListener(CKeyListener * listener) { keyListeners_.remove(listener); }
+
+void CWindow::registerMouseListener(CMouseListener * listener, int priority) {
+    for (CXObject * each : mouseListeners_)
+        if (static_cast<MouseEntry *>(each)->listener == listener) return;
+    mouseListeners_.add(new MouseEntry(listener, priority));
+}
+
+void CWindow::removeMouseListener(CMouseListener * listener) {
+    for (int i = 0; i < mouseListeners_.size; i++) {
+        auto * entry = static_cast<MouseEntry *>(mouseListeners_.at(i));
+        if (entry->listener != listener) continue;
+        mouseListeners_.removeAt(i);
+        delete entry;
+        return;
+    }
+}
+
+void CWindow::setMouseCaption(CMouseListener * listener) {
+    if (mouseListeners_.size == 0) return;
+    CMouseListener * top = static_cast<MouseEntry *>(mouseListeners_.at(mouseListeners_.size - 1))->listener;
+    if (top == listener) return;
+    top->onLooseFocus();
+    removeMouseListener(listener);
+    listener->onLooseFocus();
+    registerMouseListener(listener, kCapturePriority);
+}
+
+void CWindow::registerMCListener(CMC_Object * object) { mcListeners_.add(object); }
+
+void CWindow::removeMCListener(CMC_Object * object) { mcListeners_.remove(object); }
+
+void CWindow::addIPoller(CInputPoller * poller) {
+    std::lock_guard hold(pollLock_);
+    if (!pollers_.contains(poller)) pollers_.add(poller);
+}
+
+void CWindow::removeIPoller(CInputPoller * poller) {
+    std::lock_guard hold(pollLock_);
+    pollers_.remove(poller);
+}
+
+void CWindow::removeAllIPollers() {
+    std::lock_guard hold(pollLock_);
+    pollers_.removeAll();
+}
+
+// ------------------------------------------------------------------------------------------------ input
+
+// Hot spots go before listeners; they come with the objects that have them.
+int CWindow::hotSpots(int, CXPoint) { return 0; }
+
+// From the highest priority down, to those that are still registered; a true answer ends the walk.
+template <class Tell>
+bool CWindow::tellMouse(Tell && tell) {
+    life::Guard guard;
+    std::vector<CMouseListener *> listeners;
+    for (int i = mouseListeners_.size; i-- > 0;)
+        listeners.push_back(static_cast<MouseEntry *>(mouseListeners_.at(i))->listener);
+    for (CMouseListener * each : listeners) {
+        bool there = std::ranges::any_of(mouseListeners_, [each](CXObject * entry) {
+            return static_cast<MouseEntry *>(entry)->listener == each;
+        });
+        if (there && tell(*each)) return true;
+    }
+    return false;
+}
+
+int CWindow::OnMouseMove(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kMove, point);
+    if (result == 0 && tellMouse([&](CMouseListener & l) { return l.onMouseMove(point); })) return 1;
+    return result;
+}
+
+int CWindow::OnLButtonDown(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kLeftDown, point);
+    if (result == 0)
+        tellMouse([&](CMouseListener & l) { return l.onClick(point) || l.onClick(kLeft, point); });
+    return result;
+}
+
+int CWindow::OnLButtonUp(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kLeftUp, point);
+    // Always, so that a drag ends even on a hot spot.
+    tellMouse([&](CMouseListener & l) { return l.onRelease(point) || l.onRelease(kLeft, point); });
+    return result;
+}
+
+int CWindow::OnLButtonDblClk(CXPoint point, int) {
+    if (!mouseEnabled_) return 0;
+    int result = hotSpots(kLeftDouble, point);
+    tellMouse([&](CMouseListener & l) { return l.onDblClick(point); });
+    return result;
+}
+
+int CWindow::OnMButtonDown(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kMiddleDown, point);
+    tellMouse([&](CMouseListener & l) { return l.onClick(kMiddle, point); });
+    return result;
+}
+
+int CWindow::OnMButtonUp(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kMiddleUp, point);
+    tellMouse([&](CMouseListener & l) { return l.onRelease(kMiddle, point); });
+    return result;
+}
+
+int CWindow::OnRButtonDown(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kRightDown, point);
+    tellMouse([&](CMouseListener & l) { return l.onClick(kRight, point); });
+    return result;
+}
+
+int CWindow::OnRButtonUp(CXPoint point, int flags) {
+    if (!hears(flags)) return 0;
+    int result = hotSpots(kRightUp, point);
+    tellMouse([&](CMouseListener & l) { return l.onRelease(kRight, point); });
+    return result;
+}
+
+template <class Tell>
+void CWindow::tellKeys(Tell && tell) {
+    life::Guard guard;
+    std::vector<void *> listeners(keyListeners_.begin(), keyListeners_.end());
+    for (void * each : listeners)
+        if (keyListeners_.contains(each)) tell(*static_cast<CKeyListener *>(each));
+}
+
+void CWindow::OnKeyDown(int key, int flags) {
+    if (!application_) return;
+    application_->OnKeyDown(key, flags);
+    tellKeys([&](CKeyListener & l) { l.onKeyDown(key); });
+}
+
+void CWindow::OnKeyUp(int key, int) {
+    tellKeys([&](CKeyListener & l) { l.onKeyUp(key); });
+}
+
+void CWindow::OnChar(int code, int) {
+    tellKeys([&](CKeyListener & l) { l.onChar(static_cast<unsigned char>(code)); });
+}
+
+// ------------------------------------------------------------------------------------------------ errors
+
+void CWindow::ShowError(const CXString & title) {
+    if (LastError() == 0) return;
+    const char * text = kUnknownError;
+    for (const auto & each : kErrors)
+        if (each.code == LastError()) text = each.text;
+    platform::world().dialogs->messageBox(std::string(title.view()), text);
+}
+
+void CWindow::QuitOnError(CXObject * object, const CXString & file, const CXString & title) {
+    if (object->LastError() != CFile::kNotFound) return;
+    CXString text = "Wyst\xB9pi\xB3 b\xB3\xB9"
+                    "d krytyczny, plik: " +
+                    file + " nie zosta\xB3 odnaleziony.";
+    platform::world().dialogs->messageBox(std::string(title.view()), std::string(text.view()));
 }

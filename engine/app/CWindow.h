@@ -1,54 +1,148 @@
 #pragma once
 
-// The engine's centre: it wraps the host's window, holds the paths, the log and the timers, and drives the
-// tick. The host owns the one window of a process. Main thread.
+// The engine's centre: it wraps the host's window, holds the paths, the log, the timers and the listeners,
+// and drives the tick. The host owns the one window of a process. Main thread, but for the polling thread,
+// which calls the pollers' tick with pollLock held.
 
+#include "app/Listeners.h"
+#include "app/PollThread.h"
 #include "core/CPublicTrash.h"
+#include "core/CSortedVector.h"
 #include "core/CXSize.h"
 #include "core/CXTimer.h"
 #include "core/Diagnostics.h"
+#include "core/Queues.h"
 
 #include <memory>
+#include <mutex>
+#include <vector>
 
+class CApplication;
 class CCommandLine6;
 class CConfig;
 class CFile;
 class CLanguageOSVer;
+class CMC_Object;
+
+using HCURSOR = void *; // a cursor image of the host; null for none
 
 class CWindow : public CXObject {
 public:
     static constexpr const char * kLogFile = "Tarnook.log";
+    static constexpr int kCapturePriority = 1000000; // of a mouse listener that took the mouse for itself
 
-    // hwnd: the host's window handle. The root path is the current directory of this moment. The command
-    // line and the language object stay the host's.
-    CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * language, CXSize size,
-            const CXString & exePath);
+    // hwnd: the host's window handle. cursor: the main cursor. exePath: the folder of the host program. The
+    // root path is the current directory of this moment. noInput: no devices and no polling thread. The
+    // command line and the language object stay the host's.
+    CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * language, CXSize size, HCURSOR cursor,
+            const CXString & exePath, bool noInput);
     CWindow(const CWindow &) = delete;
     CWindow & operator=(const CWindow &) = delete;
     ~CWindow() override;
 
-    // A timer of the window itself fell due.
+    // ---- what the host calls
+    virtual void Redraw() {} // shows what changed since the last call
+    virtual void OnCreate(); // installs the window's own timer
+    virtual int OnInitialUpdate() { return 0; }
     virtual int OnTimer(int) { return 0; }
+    virtual void OnActivateApp(bool on); // the program gained or lost the focus; no ticks without it
+    virtual void OnDestroy();            // ends the polling thread
+    virtual bool OnExit();               // whether the window may close
+    virtual void OnMove(int, int) {}
 
-    // The host's window goes out of the way; nothing without one.
+    // One step of the game, while the host's queue is empty; true when it is over.
+    bool domodal();
+    void Tick();
+    void quit() { quitFlag_ = true; }
+
+    // flags other than 0: the message is to be ignored. The result is what the hot spots said.
+    int OnMouseMove(CXPoint point, int flags);
+    int OnLButtonDown(CXPoint point, int flags);
+    int OnLButtonUp(CXPoint point, int flags);
+    int OnLButtonDblClk(CXPoint point, int flags);
+    int OnMButtonDown(CXPoint point, int flags);
+    int OnMButtonUp(CXPoint point, int flags);
+    int OnRButtonDown(CXPoint point, int flags);
+    int OnRButtonUp(CXPoint point, int flags);
+    void OnKeyDown(int key, int flags);
+    void OnKeyUp(int key, int flags);
+    void OnChar(int code, int flags);
+
+    // ---- listeners; none is owned
+    void registerKeyListener(CKeyListener * listener);
+    void removeKeyListener(CKeyListener * listener);
+    void registerMouseListener(CMouseListener * listener, int priority); // again: nothing
+    void removeMouseListener(CMouseListener * listener);
+    void setMouseCaption(CMouseListener * listener); // puts it above all others
+    void registerMCListener(CMC_Object * object);    // its flush() runs each tick
+    void removeMCListener(CMC_Object * object);
+    void addIPoller(CInputPoller * poller);
+    void removeIPoller(CInputPoller * poller);
+    void removeAllIPollers();
+    CXArray * getPollers() { return &pollers_; }
+
+    void SetTimer(int id, unsigned period, CUnit6 * unit, bool onlyWhenActive);
+    void KillTimer(int id) { timer_.remove(id); }
+
+    // ---- cursors: what is shown depends on locks; showCursorImage is the host's
+    virtual void showCursorImage(HCURSOR) {}
+    void BeginActiveCursor();
+    void BeginWaitCursor();
+    void EndWaitCursor() { SetCursor(mainCursor_); }
+    void SetCursor(HCURSOR cursor);
+    virtual void ShowCursor() {}
+    virtual void HideCursor() {}
+    HCURSOR GetMainCursor() const { return mainCursor_; }
+    void SetActiveCursor(HCURSOR cursor) { activeCursor_ = cursor; }
+    void SetWaitCursor(HCURSOR cursor) { waitCursor_ = cursor; }
+    void LockCursor() { cursorLock_ = true; }
+    void UnLockCursor() { cursorLock_ = false; }
+    void lockActiveCursor(bool on);
+    void enableMouse(bool on); // while it is off no mouse event gets through
     virtual void minimize() {}
 
-    // The language was changed: whatever keeps texts or tables of it takes them anew from here.
-    virtual void onLanguageChanged() {}
+    // ---- music: the player comes with sound
+    bool IsSoundOn() const { return soundOn_; }
+    void SoundOn(bool on) { soundOn_ = on; }
+    bool IsMusicOn() const { return musicOn_; }
+    virtual void MusicOn(bool on) { musicOn_ = on; }
+    virtual void StartMusic(const CXString &, bool) {}
+    virtual void StopMusic() {}
+    virtual bool isMusicPlaying() { return false; }
+    virtual void setMusicVolume(int volume) { musicVolume_ = volume; }
+    virtual int getMusicVolume() { return musicVolume_; }
+    virtual void setMusicPan(int) {}
+    virtual void setMusicFreq(int) {}
 
-    // The application's settings file; null without one.
-    virtual CConfig * getConfig() { return nullptr; }
-
+    // ---- what it holds
     HWND getHandle() const { return hwnd_; }
     CLanguageOSVer * getLangIfc() { return language_; }
     CCommandLine6 * getCommandLine() { return commandLine_; }
     CXSize GetScreenSize() const { return size_; }
     CXTimer * getTimer() { return &timer_; }
     CPublicTrash * getPublicTrashInterface() { return &publicTrash_; }
+    std::recursive_mutex & getCriticalSectionHandle() { return pollLock_; }
+    void SetApplicationInterface(CApplication * application) { application_ = application; }
+    CApplication * getApplication() { return application_; }
+    virtual CConfig * getConfig(); // the application's settings file; null without one
+    // The language was changed: whatever keeps texts or tables of it takes them anew from here.
+    virtual void onLanguageChanged() {}
+    bool isVMem() const { return vmem_; }
+    bool isWindowMode() const { return windowMode_; }
+    bool isActive() const { return active_; }
+    void Activate(bool on) { active_ = on; }
+    bool isWindowDragged() const { return windowDragged_; }
+    CXPoint getCatchPoint() const { return catchPoint_; }
+    void startDraggingWindow(CXPoint point);
+    void stopDraggingWindow() { windowDragged_ = false; }
 
     void SetSoundFXPath(const CXString & path) { soundFXPath_ = path; }
     const CXString & GetSoundFXPath() const { return soundFXPath_; }
     CXString GetSoundFXFullPath(const CXString & name) const { return soundFXPath_ + "\\" + name; }
+
+    // ---- errors: boxes for what a game can't run without
+    void ShowError(const CXString & title); // by this window's error code, nothing for 0
+    void QuitOnError(CXObject * object, const CXString & file, const CXString & title); // a file not found
 
     // A note for the developer, written as it is (the caller brings the line end) and flushed at once; with
     // the flag it goes to the debugger channel too. Nothing while the log is off.
@@ -58,6 +152,10 @@ public:
     static const CXString & getCDPath() { return cdPath; }
     static void setCDPath(const CXString & path) { cdPath = path; }
 
+    static bool isPaused() { return paused; }
+    static void pause() { paused = true; }
+    static void resume() { paused = false; }
+
     static CWindow * getWindow() { return theWindow; } // for code without one at hand; null without a window
 
     static CXString exePath;  // folder of the host program
@@ -65,17 +163,46 @@ public:
     static bool logEnabled;
 
 private:
+    struct MouseEntry;
+
     void openLog();
+    bool hears(int flags) const { return flags == 0 && mouseEnabled_; }
+    int hotSpots(int event, CXPoint point);
+    template <class Tell>
+    bool tellMouse(Tell && tell);
+    template <class Tell>
+    void tellKeys(Tell && tell);
 
     static CXString cdPath;
     static std::unique_ptr<CFile> log;
     static CWindow * theWindow;
+    static bool paused;
 
     HWND hwnd_;
     CCommandLine6 * commandLine_;
     CLanguageOSVer * language_;
+    CApplication * application_ = nullptr;
     CXSize size_;
+    bool quitFlag_ = false;
+    bool vmem_ = false;
+    bool mouseEnabled_ = true;
+    bool cursorLock_ = false;
+    HCURSOR mainCursor_, activeCursor_ = nullptr, waitCursor_ = nullptr;
+    bool activeCursorLocked_ = false;
+    bool soundOn_ = true, musicOn_ = true;
+    int musicVolume_ = 0;
+    bool windowMode_ = false;
+    bool windowDragged_ = false;
+    CXPoint catchPoint_;
+    bool active_ = false;
     CXTimer timer_;
     CPublicTrash publicTrash_;
     CXString soundFXPath_;
+    CXArray keyListeners_{101, 0.75F};  // CKeyListener, in order of registration
+    CSortedVector mouseListeners_{101}; // MouseEntry, owned, by priority
+    CXVector mcListeners_{101, 0.75F};  // CMC_Object
+    CXArray pollers_{101, 0.75F};       // CInputPoller
+    CFifoQuene messages_;
+    std::recursive_mutex pollLock_;          // guards the pollers' queues and the list of them
+    std::unique_ptr<PollThread> pollThread_; // null without devices
 };

@@ -74,6 +74,7 @@ public:
     // Ours, for what later types add: a structure's field, a peer that takes a changed variable.
     virtual CMC_Variable * getField(const CXString &) { return nullptr; }
     virtual bool netSend(CMC_Variable *) { return false; }
+    virtual bool isPlaying() { return false; } // of what plays
 
     const CXString & getName() const { return name_; }
     void setName(const CXString & name) { name_ = name; }

@@ -145,7 +145,8 @@ void CMC_ObjectsContainer::unload() {
         objects.reserve(static_cast<std::size_t>(objects_->size));
         for (CXObject * each : *objects_) objects.emplace_back(static_cast<CMC_Object *>(each));
         for (const life::Handle & each : objects)
-            if (CMC_Object * object = each.get(); object && chosen(object)) object->done(true);
+            if (CMC_Object * object = each.get(); object && !ownedElsewhere(object) && chosen(object))
+                object->done(true);
     };
     auto isClass = [](CMC_Object * object) { return object->getType() == types::kClass; };
     end(isClass);

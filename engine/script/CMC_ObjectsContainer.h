@@ -35,6 +35,7 @@ public:
     CMC_Object * getObject(const char * name) { return getObject(std::string_view(name)); }
     CMC_Object * getObject(const CXString & name) { return getObject(name.view()); }
     CMC_Object * getObject(std::string_view name);
+    CMC_Object * getOwnObject(std::string_view name) { return find(name); } // of this scope alone
     CMC_Variable * getVariable(const char * name) { return getVariable(std::string_view(name)); }
     CMC_Variable * getVariable(const CXString & name) { return getVariable(name.view()); }
     CMC_Variable * getVariable(std::string_view name); // only of the four value types

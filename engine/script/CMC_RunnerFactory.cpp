@@ -1,5 +1,9 @@
 #include "script/CMC_RunnerFactory.h"
 
+#include "app/CMC_Application_Runner.h"
+#include "app/CMC_CNVLoader_Runner.h"
+#include "app/CMC_Episode_Runner.h"
+#include "app/CMC_Scene_Runner.h"
 #include "script/CMC_Array_Runner.h"
 #include "script/CMC_BasicCondition_Runner.h"
 #include "script/CMC_Behaviour_Runner.h"
@@ -48,6 +52,10 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_Array_Runner>({types::kArray});
     add<CMC_MultiArray_Runner>({types::kMultiArray});
     add<CMC_System_Runner>({types::kSystem});
+    add<CMC_Application_Runner>({types::kApplication});
+    add<CMC_Episode_Runner>({types::kEpisode});
+    add<CMC_Scene_Runner>({types::kScene});
+    add<CMC_CNVLoader_Runner>({types::kCnvLoader});
 }
 
 void CMC_RunnerFactory::done() {

@@ -13,7 +13,7 @@
 
 const char * const CMC_Variable::kSignals[6] = {"ONINIT",    "ONDONE",          "ONSIGNAL",
                                                 "ONCHANGED", "ONBRUTALCHANGED", "ONNETCHANGE"};
-const char * const CMC_Variable::kKeys[4] = {"VALUE", "DEFAULT", "TOINI", "NETNOTIFY"};
+const char * const CMC_Variable::kKeys[5] = {"TYPE", "VALUE", "DEFAULT", "TOINI", "NETNOTIFY"};
 
 namespace {
 

@@ -18,7 +18,7 @@ enum Code : int { kNone = 0, kAdd = 1, kSub = 2, kMul = 3, kDiv = 4, kMod = 5 };
 class CMC_Variable : public CMC_Object {
 public:
     static const char * const kSignals[6];
-    static const char * const kKeys[4];
+    static const char * const kKeys[5];
 
     CMC_Variable(const CXString & name, int type, int id) : CMC_Object(name, type), id_(id) {}
     CMC_Variable(CMC_ObjectsContainer * scope, CMElement * element, int type);

@@ -140,7 +140,7 @@ TEST_F(CFileSearch, OpenTriesLanguagesAndRootsInOrder) {
         ASSERT_TRUE(world().files->changeDirectory(each.in)) << each.what;
         CLanguageOSVer language;
         if (each.language) language.setLanguageFolder(each.language);
-        CWindow window(nullptr, &commandLine_, &language, {800, 600}, "");
+        CWindow window(nullptr, &commandLine_, &language, {800, 600}, nullptr, "", true);
         CWindow::rootPath = path("local") + "\\";
         auto found = [&] {
             CFile file(each.window ? &window : nullptr, CXString(each.name), kReadBinary);

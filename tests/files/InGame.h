@@ -32,7 +32,7 @@ protected:
     bool englishSet_ = (world().locale = std::make_unique<English>(), true);
     CCommandLine6 commandLine_{""};
     CLanguageOSVer language_;
-    CWindow window_{nullptr, &commandLine_, &language_, {800, 600}, ""};
+    CWindow window_{nullptr, &commandLine_, &language_, {800, 600}, nullptr, "", true};
 };
 
 } // namespace test

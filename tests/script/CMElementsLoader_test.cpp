@@ -188,7 +188,7 @@ TEST_F(CMElementsLoaderFiles, TheCommandLineAsksForCopies) {
     put("coded.def", "{<C:6>}\nPALCFQ>@<E>\n");
     CCommandLine6 commandLine("-code -decode");
     CLanguageOSVer language;
-    CWindow window(nullptr, &commandLine, &language, CXSize(800, 600), CXString());
+    CWindow window(nullptr, &commandLine, &language, CXSize(800, 600), nullptr, "", true);
     for (const char * name : {"clear.def", "coded.def"}) {
         std::unique_ptr<CMElements> elements(CMElementsLoader::load(&window, CXString(name)));
         ASSERT_NE(elements, nullptr) << name;

@@ -1,0 +1,110 @@
+#include "Game.h"
+
+#include "InputScript.h"
+
+#include "app/CApplication.h"
+#include "app/CCommandLine6.h"
+#include "app/CWindow.h"
+#include "files/CFile.h"
+#include "files/CLanguageOSVer.h"
+#include "platform/World.h"
+#include "platform/clock/VirtualClock.h"
+#include "platform/text/Windows1250.h"
+
+#include <cstdio>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+namespace host {
+
+namespace {
+
+std::string programFolder() {
+    std::error_code error;
+    fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return error ? std::string("/") : program.parent_path().string();
+}
+
+void complain(const char * what, const std::string & name) {
+    std::fprintf(stderr, "tarnook: %s%s\n", what, name.c_str());
+}
+
+// Between two ticks: virtual time moves by a step, a desktop waits for the next moment of its rate.
+class Pace {
+public:
+    Pace(const Options & options, platform::World & world) : options_(options), world_(world) {}
+    void wait() {
+        if (world_.virtualClock) {
+            world_.virtualClock->advance(options_.step);
+            return;
+        }
+        std::uint32_t period = 1000U / static_cast<unsigned>(options_.rate), now = world_.clock->tickCount();
+        if (now - last_ < period) world_.clock->sleep(period - (now - last_));
+        last_ = world_.clock->tickCount();
+    }
+
+private:
+    const Options & options_;
+    platform::World & world_;
+    std::uint32_t last_ = 0;
+};
+
+int play(const Options & options, platform::World & world, InputScript & input) {
+    CCommandLine6 commandLine(platform::fromUtf8(options.engineText).c_str());
+    CLanguageOSVer language;
+    CXString exePath(world.files->fromMachine(programFolder()));
+    // Pointer and keys come as the host's messages.
+    CWindow window(nullptr, &commandLine, &language, commandLine.getResolution(), nullptr, exePath, true);
+    window.OnCreate();
+    CApplication application(&window, CXString(platform::fromUtf8(options.config)),
+                             CXString(platform::fromUtf8(options.archive)), &commandLine);
+    application.preinitializeApplication(false);
+    if (application.LastError()) {
+        std::string folder = options.game;
+        if (commandLine.isGame()) folder += "/" + platform::toUtf8(commandLine.getPath().view());
+        std::fprintf(
+            stderr,
+            "tarnook: no game in %s: looked for Dane/application.def with an element of TYPE APPLICATION\n",
+            folder.c_str());
+        return kNoApplication;
+    }
+    window.OnActivateApp(true);
+    Pace pace(options, world);
+    for (long tick = 1;; tick++) {
+        if (input.play(tick, window) || window.domodal() || tick == options.ticks) break;
+        pace.wait();
+    }
+    window.OnDestroy();
+    return kEnded;
+}
+
+} // namespace
+
+int run(const Options & options) {
+    std::error_code error;
+    fs::path folder = fs::canonical(options.game, error);
+    if (error || !fs::is_directory(folder)) {
+        complain("no such folder: ", options.game);
+        return kNoApplication;
+    }
+    InputScript input;
+    if (!options.input.empty() && !input.load(options.input)) {
+        complain("can't read the input file ", options.input);
+        return kWrongOption;
+    }
+    if (!options.screenshots.empty())
+        complain("--screenshot: ", "this build draws no pictures, none is written");
+    if (!options.audio.empty()) complain("--audio: ", "this build plays no sound, nothing is written");
+
+    platform::Options forms;
+    forms.seed = options.seed ? options.seed : options.headless ? 1 : 0;
+    forms.disc = options.disc;
+    forms.currentDirectory = folder.string();
+    std::unique_ptr<platform::World> world =
+        options.headless ? platform::headless(forms) : platform::desktop(forms);
+    platform::Installed installed(*world);
+    return play(options, *world, input);
+}
+
+} // namespace host
