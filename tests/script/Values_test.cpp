@@ -305,7 +305,7 @@ TEST_F(Values, TheSettingsFileKeepsChangesFromRunToRun) {
     };
     CCommandLine6 line("");
     CLanguageOSVer language;
-    Window window(nullptr, &line, &language, CXSize(800, 600), "");
+    Window window(nullptr, &line, &language, CXSize(800, 600), nullptr, "", true);
     window.config = CConfig(CXString(windowsFolder() + "\\settings.ini"));
     CMElement element("KEPT");
     element.addProperty("VALUE", "7");
