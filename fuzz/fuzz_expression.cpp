@@ -32,7 +32,8 @@ struct Game {
         auto recording = std::make_unique<platform::RecordingDialogs>();
         dialogs = recording.get();
         world->dialogs = std::move(recording);
-        window = std::make_unique<CWindow>(nullptr, &commandLine, &language, CXSize(800, 600), nullptr, "", true);
+        window =
+            std::make_unique<CWindow>(nullptr, &commandLine, &language, CXSize(800, 600), nullptr, "", true);
         CMC_VariableFactory::initialize();
         CMC_RunnerFactory::initialize();
     }

@@ -245,7 +245,7 @@ TEST_F(Array, Settings) {
     };
     CCommandLine6 commandLine("");
     CLanguageOSVer language;
-    Window kept(nullptr, &commandLine, &language, CXSize(8, 6), "");
+    Window kept(nullptr, &commandLine, &language, CXSize(8, 6), nullptr, "", true);
     CMC_ObjectsContainer room(&kept, &scope(), CXString("ROOM"), types::kScene);
     room.setScene(&room);
     auto * names = new CMC_Array(&room, CXString("NAMES"));
