@@ -53,22 +53,26 @@ double toDouble(std::string_view text) {
         if (end == 1) return 0.0; // a lone full stop
     }
     if (end == 0) return 0.0;
-    bool tiny = false;
+    std::size_t mantissa = end;
+    bool minusExponent = false, exponentGiven = false;
     if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
         std::size_t sign = end + 1;
         if (sign < text.size() && (text[sign] == '-' || text[sign] == '+')) sign++;
         std::size_t exponent = digits(text, sign);
         if (exponent > sign) {
-            tiny = text[end + 1] == '-';
+            exponentGiven = true;
+            minusExponent = text[end + 1] == '-';
             end = exponent;
         }
     }
     double value = 0.0;
     auto result = std::from_chars(text.data(), text.data() + end, value);
-    // Out of range leaves the value alone: many zeros without an exponent are tiny too.
-    if (result.ec == std::errc::result_out_of_range)
-        value = tiny || text.front() == '0' || text.front() == '.' ? 0.0
-                                                                   : std::numeric_limits<double>::infinity();
+    // Out of range leaves the value alone. The exponent tells which end it passed; without one, whether a
+    // digit that counts stands before the full stop.
+    if (result.ec == std::errc::result_out_of_range) {
+        bool tiny = exponentGiven ? minusExponent : text.substr(0, mantissa).find_first_not_of('0') >= whole;
+        value = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+    }
     return minus ? -value : value;
 }
 
