@@ -60,3 +60,6 @@ build() {
     configure "$preset" && cmake --build "build/$preset" ${1:+--target "$@"} -- -k 0 &&
         ninja -C "build/$preset" -t cleandead >/dev/null
 }
+
+# complaints LOG: what a failed step wrote, without the lines that only tell of progress.
+complaints() { grep -vE '^\[[0-9]+/[0-9]+\] |^-- |^[^ ]*cmake -E env CCACHE|^[0-9]+ warnings? generated' "$1" | head -n 300; }

@@ -10,6 +10,7 @@
 #include "script/CMC_ObjectsContainer.h"
 #include "script/CMC_RunnerFactory.h"
 #include "script/CMC_Variable.h"
+#include "script/CMC_VariableFactory.h"
 #include "script/CMElement.h"
 #include "script/Control.h"
 #include "script/Names.h"

@@ -167,7 +167,7 @@ CMC_Variable * loop(Call & call) {
         call.scope->removeObject(counter);
         life::bury(counter);
     }
-    if (outerAlive.get() && outer->getScene() == call.scope) call.scope->addObject(outer);
+    if (outer && outerAlive.get() && outer->getScene() == call.scope) call.scope->addObject(outer);
     return orBreak(broken);
 }
 

@@ -97,8 +97,8 @@ public:
 
     static CXString typeToString(int id) { return types::wordOf(id); }
     static int getTypeId(const CXString & word) { return types::idOf(word); }
-    // Hands a pooled value back; null and named values are fine. Inline in CMC_Variable.h.
-    static void flush(CMC_Object * value, bool = false);
+    // Hands a pooled value back; null and named values are fine. Defined in CMC_VariableFactory.h.
+    static inline void flush(CMC_Object * value, bool = false);
 
 protected:
     void flushBehList(); // forgets signal names and flags

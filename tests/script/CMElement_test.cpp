@@ -6,6 +6,7 @@
 #include "script/CMProperties.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 
 namespace {
@@ -137,8 +138,8 @@ TEST(CMElements, OwnerDeletesWhatIsInIt) {
     EXPECT_TRUE(elements->contains(child));
     EXPECT_EQ(elements->getAt(2), child);
 
-    Mortal stranger("A", deaths);
-    elements->remove(&stranger);
+    auto stranger = std::make_unique<Mortal>("A", deaths);
+    elements->remove(stranger.get());
     EXPECT_EQ(elements->size, 3);
     elements->remove(first); // its children stay
     EXPECT_EQ(deaths, 1);
