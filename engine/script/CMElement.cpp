@@ -1,42 +1,29 @@
 #include "script/CMElement.h"
 
-#include "script/CMElements.h"
-#include "script/CMProperties.h"
-
-CMElement::CMElement(const CXString & name)
-    : name_(name), properties_(new CMProperties), children_(new CMElements(false)) {}
-
-CMElement::~CMElement() {
-    delete properties_;
-    delete children_;
-}
-
-CMProperty * CMElement::find(const CXString & key) const { return properties_->get(key); }
-
 void CMElement::addProperty(const CXString & key) {
     if (!find(key)) addProperty(key, CXString());
 }
 
 void CMElement::addProperty(const CXString & key, const CXString & value) {
-    properties_->add(new CMProperty(key.view(), value.view()));
+    properties_.add(new CMProperty(key.view(), value.view()));
 }
 
 void CMElement::setProperty(const CXString & key, const CXString & value) {
     if (CMProperty * property = find(key)) property->setValue(value);
 }
 
-void CMElement::removeProperty(const CXString & key) { properties_->remove(find(key)); }
+void CMElement::removeProperty(const CXString & key) { properties_.remove(find(key)); }
 
 void CMElement::removeAll() {
-    for (CXObject * property : *properties_) delete property;
-    properties_->removeAll();
+    for (CXObject * property : properties_) delete property;
+    properties_.removeAll();
 }
 
 bool CMElement::isPropertyAvailable(const CXString & key) const { return find(key) != nullptr; }
 
 bool CMElement::hasProperty(const CXString & key) const { return find(CXString(key).Upper()) != nullptr; }
 
-void CMElement::addChild(CMElement * child) { children_->add(child); }
+void CMElement::addChild(CMElement * child) { children_.add(child); }
 
 CXString CMElement::getPropertyValue(const CXString & key) const {
     CMProperty * property = find(key);

@@ -7,18 +7,16 @@
 #include "core/CXPoint.h"
 #include "core/CXRect.h"
 #include "core/CXSize.h"
+#include "script/CMElements.h"
+#include "script/CMProperties.h"
 
-class CMElements;
-class CMProperties;
-class CMProperty;
 class CXArray;
 
 class CMElement : public CXObject {
 public:
-    explicit CMElement(const CXString & name);
+    explicit CMElement(const CXString & name) : name_(name) {}
     CMElement(const CMElement &) = delete;
     CMElement & operator=(const CMElement &) = delete;
-    ~CMElement() override;
 
     const CXString & getName() const { return name_; }
     void setName(const CXString & name) { name_ = name; }
@@ -31,10 +29,10 @@ public:
     void removeAll();                                               // properties
     bool isPropertyAvailable(const CXString & key) const;
     bool hasProperty(const CXString & key) const; // asks for the key in upper case
-    CMProperties * getProperties() const { return properties_; }
+    CMProperties * getProperties() { return &properties_; }
 
     void addChild(CMElement * child); // stays the property of its list
-    CMElements * getChildren() const { return children_; }
+    CMElements * getChildren() { return &children_; }
 
     // Values of the key; empty, 0 or false when it is missing.
     CXString getPropertyValue(const CXString & key) const;
@@ -49,9 +47,9 @@ public:
     CXRect getPropertyRectValue(const CXString & key) const;
 
 private:
-    CMProperty * find(const CXString & key) const;
+    CMProperty * find(const CXString & key) const { return properties_.get(key); }
 
     CXString name_;
-    CMProperties * properties_; // owned
-    CMElements * children_;     // the list is owned, what it holds isn't
+    CMProperties properties_;
+    CMElements children_{false};
 };

@@ -3,8 +3,9 @@
 // Elements of a definition in their order. The list that a load gives owns them; the children of an element
 // belong to that list too.
 
-#include "script/CMElement.h"
 #include "script/CMList.h"
+
+class CMElement;
 
 class CMElements : public CMList<CMElement> {
 public:
@@ -19,3 +20,6 @@ public:
 private:
     bool owner_;
 };
+
+// An element holds such a list, so it comes behind; whoever asks the list for an entry needs it.
+#include "script/CMElement.h" // IWYU pragma: keep

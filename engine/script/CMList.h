@@ -9,13 +9,13 @@ template <class Entry>
 class CMList : public CXVector {
 public:
     Entry * getAt(int index) { return static_cast<Entry *>(at(index)); }
-    Entry * get(const CXString & name) { // null when there is none
-        for (CXObject * each : *this)
-            if (auto * entry = static_cast<Entry *>(each); entry->getName() == name) return entry;
+    Entry * get(const CXString & name) const { // null when there is none
+        for (int i = 0; i < size; i++)
+            if (auto * entry = static_cast<Entry *>(items_[i]); entry->getName() == name) return entry;
         return nullptr;
     }
     using CXVector::contains;
-    bool contains(const CXString & name) { return get(name) != nullptr; }
+    bool contains(const CXString & name) const { return get(name) != nullptr; }
     // Takes an entry out and deletes it; another object stays alone.
     void remove(CXObject * entry) override {
         int i = find(entry);
