@@ -19,7 +19,8 @@ InScope::InScope(const char * commandLine) : commandLine_(commandLine) {
     ::notes::listen([this](const ::notes::Note & note) {
         notes.push_back(std::string(::notes::name(note.kind)) + ": " + note.what);
     });
-    window_ = std::make_unique<CWindow>(nullptr, &commandLine_, &language_, CXSize(800, 600), nullptr, "", true);
+    window_ =
+        std::make_unique<CWindow>(nullptr, &commandLine_, &language_, CXSize(800, 600), nullptr, "", true);
     CMC_VariableFactory::initialize();
     CMC_RunnerFactory::initialize();
     scope_ = std::make_unique<CMC_ObjectsContainer>(window_.get(), nullptr, CXString("SCENE"), types::kScene);
