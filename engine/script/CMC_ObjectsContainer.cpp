@@ -42,12 +42,12 @@ CMC_ObjectsContainer::CMC_ObjectsContainer(CWindow * window, CMC_ObjectsContaine
 }
 
 CMC_ObjectsContainer::~CMC_ObjectsContainer() {
-    CXVector objects(std::max(objects_->size * 2, 1), 0.75F);
-    objects.add(objects_);
-    for (CXObject * each : objects) {
-        auto * object = static_cast<CMC_Object *>(each);
-        if (!ownedElsewhere(object)) delete object;
-    }
+    std::vector<CMC_Object *> owned;
+    for (CXObject * each : *objects_)
+        if (auto * object = static_cast<CMC_Object *>(each); !ownedElsewhere(object)) owned.push_back(object);
+    // All count as gone before the first is: a statement that goes must not delete a block that stands here.
+    for (CMC_Object * each : owned) each->slot().free();
+    for (CMC_Object * each : owned) delete each;
     delete objectsHash_;
     delete objects_;
     delete tempKey_;
