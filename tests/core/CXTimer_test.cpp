@@ -127,9 +127,10 @@ TEST_F(CXTimers, TheClockWraps) {
 
 TEST_F(CXTimers, AUnitIsToldWhileItIsActive) {
     struct Unit : CUnit6 {
+        using CUnit6::CUnit6;
         void onTimer(int id) override { told += std::to_string(id) + " "; }
         std::string told;
-    } unit;
+    } unit(&window_, "UNIT");
     timer_.add(1, 10, &unit, true);
     timer_.add(2, 10, &unit, false);
     pass(10);
@@ -147,7 +148,7 @@ TEST_F(CXTimers, AWindowIsTold) {
         using CWindow::CWindow;
         int OnTimer(int id) override { return told = id; }
         int told = 0;
-    } window(nullptr, &commandLine_, &language_, {800, 600}, "");
+    } window(nullptr, &commandLine_, &language_, {800, 600}, nullptr, "", true);
     timer_.add(42, 10, &window);
     pass(10);
     EXPECT_EQ(window.told, 42);

@@ -32,7 +32,7 @@ TEST_F(Diagnostics, WithoutTheOptionNothingIsLogged) {
 
 TEST_F(Diagnostics, TheLogIsWrittenAsItIsAndAtOnce) {
     CCommandLine6 withLog("-log");
-    CWindow window(nullptr, &withLog, &language_, {800, 600}, "");
+    CWindow window(nullptr, &withLog, &language_, {800, 600}, nullptr, "", true);
     ASSERT_TRUE(exists("Tarnook.log"));
     std::string head = get("Tarnook.log");
     heard();
@@ -57,7 +57,7 @@ TEST_F(Diagnostics, ProfileMeasuresOneStretch) {
     CXObject::profile(nullptr, true);
     EXPECT_EQ(heard(), "");
     CCommandLine6 withLog("-log");
-    CWindow window(nullptr, &withLog, &language_, {800, 600}, "");
+    CWindow window(nullptr, &withLog, &language_, {800, 600}, nullptr, "", true);
     std::size_t head = get("Tarnook.log").size();
     heard();
     CXObject::profile("x", true);
