@@ -66,7 +66,8 @@ void buryStrings(CXArray * strings);
 // Static objects have slots too, so their tables are there before and after any of them.
 union SlotTable {
     constexpr SlotTable() : numbers() {}
-    ~SlotTable() {} // never destroyed
+    // Never destroyed; a union with such a member has no destructor to default.
+    ~SlotTable() {} // NOLINT(modernize-use-equals-default)
     std::vector<std::uint32_t> numbers;
 };
 

@@ -20,7 +20,7 @@ std::string listed(CXArray * list) {
     return text;
 }
 
-std::string keys(const CMElement & element) {
+std::string keys(CMElement & element) {
     std::string text;
     for (int i = 0; i < element.getProperties()->size; i++) {
         CMProperty * property = element.getProperties()->getAt(i);
