@@ -15,7 +15,8 @@ function(tarnook_flags target)
     target_compile_options(${target} PRIVATE -Wthread-safety)
   elseif(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # With optimisation, g++ 12 finds overlaps and overruns in std::string's own copying that aren't there.
-    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-restrict)
+    target_compile_options(${target} PRIVATE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow
+                           -Wno-stringop-overread)
   endif()
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/engine)
 endfunction()
