@@ -21,7 +21,7 @@ public:
         items_.push_back({std::move(name), units, std::move(run), 1, {}});
         return items_.size() - 1;
     }
-    void sample(int rounds = 11, double milliseconds = 12.0) {
+    void sample(int rounds = 41, double milliseconds = 3.0) {
         for (Item & item : items_) {
             item.run();
             double once = std::max(time(item, 1), 20.0);

@@ -7,6 +7,8 @@ function(tarnook_flags target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
+  # A call inside the library goes straight to its function: nobody replaces one from outside.
+  target_compile_options(${target} PRIVATE -fno-semantic-interposition -fvisibility-inlines-hidden)
   # Messages and debug information name files from the project's folder, as clones share compiled files:
   # the compiler is given absolute paths, or by ccache relative ones.
   target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/= -ffile-prefix-map=../../=

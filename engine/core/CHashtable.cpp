@@ -2,27 +2,34 @@
 
 #include "core/CStringHashCode.h"
 
-#include <cstring>
+#include <climits>
+#include <cmath>
+
+namespace {
+
+int limitOf(int size, double loadFactor) {
+    return static_cast<int>(std::clamp(std::floor(size * loadFactor), 0.0, static_cast<double>(INT_MAX)));
+}
+
+} // namespace
 
 CHashtable::CHashtable(int size, double loadFactor, bool ownKeys)
-    : size_(std::max(size, 1)), loadFactor_(loadFactor), ownKeys_(ownKeys) {}
+    : size_(std::max(size, 1)),
+      limit_(limitOf(size_, loadFactor)),
+      loadFactor_(loadFactor),
+      ownKeys_(ownKeys) {}
 
 CHashtable::~CHashtable() { CHashtable::clear(); }
 
-CHashtable::Entry CHashtable::entryFor(CXObject * key, CXObject * value) {
-    if (const CStringHashCode * text = key->asStringKey()) {
-        std::string_view view = text->view();
-        return {view.data(), static_cast<unsigned>(view.size()), text->mixed(), key, value};
-    }
-    auto hash = static_cast<unsigned>(key->getHashcode()) * 0x9E3779B1U;
-    return {nullptr, 0, hash ^ hash >> 16, key, value};
+TextMark CHashtable::markOf(CXObject * key) {
+    if (const CStringHashCode * text = key->asStringKey()) return text->mark();
+    return TextMark(static_cast<unsigned>(key->getHashcode()) * 0x9E3779B1U);
 }
 
-inline bool CHashtable::sameKey(const Entry & wanted, const Entry & stored) {
-    if (wanted.hash != stored.hash) return false;
-    if (!wanted.text || !stored.text)
-        return wanted.key->getHashcode() == stored.key->getHashcode() && wanted.key->equals(stored.key);
-    return wanted.length == stored.length && std::memcmp(wanted.text, stored.text, wanted.length) == 0;
+// Of keys with equal marks that don't tell all.
+bool CHashtable::sameKey(CXObject * wanted, CXObject * stored) {
+    if (!wanted->asStringKey() != !stored->asStringKey()) return false;
+    return wanted->getHashcode() == stored->getHashcode() && wanted->equals(stored);
 }
 
 // The remainder is taken to a bucket of its own when a hash is negative.
@@ -51,73 +58,61 @@ void CHashtable::index(std::size_t room) {
     std::erase_if(entries_, [](const Entry & entry) { return !entry.key; });
     std::size_t slots = 16;
     while (slots < room * 2) slots *= 2;
-    slots_.assign(slots, kFree);
+    slots_.assign(slots, {});
     mask_ = static_cast<unsigned>(slots - 1);
-    for (std::size_t i = 0; i < entries_.size(); i++) {
-        unsigned slot = entries_[i].hash & mask_;
-        while (slots_[slot] != kFree) slot = (slot + 1) & mask_;
-        slots_[slot] = static_cast<int>(i);
-    }
+    for (std::size_t i = 0; i < entries_.size(); i++) enter(markOf(entries_[i].key), i);
+}
+
+inline void CHashtable::enter(const TextMark & mark, std::size_t place) {
+    unsigned slot = home(mark.hash);
+    while (slots_[slot].place != kFree) slot = (slot + 1) & mask_;
+    slots_[slot] = {{mark.ends[0], mark.ends[1]}, mark.hash, static_cast<int>(place), entries_[place].value};
 }
 
 void CHashtable::grow() {
     entries_ = inBucketOrder();
     size_ *= 2;
+    limit_ = limitOf(size_, loadFactor_);
     listed_ = false;
     index(entries_.size() * 2);
 }
 
-void CHashtable::put(CXObject * key, CXObject * value) {
-    if (count_ + 1 > size_ * loadFactor_) grow();
+void CHashtable::put(const TextMark & mark, CXObject * key, CXObject * value) {
+    if (count_ >= limit_) grow();
     std::size_t wanted = static_cast<std::size_t>(count_) + 1;
-    if (wanted * 2 > slots_.size() || entries_.size() > wanted * 2 + 64) index(wanted * 2);
-    Entry entry = entryFor(key, value);
-    unsigned slot = entry.hash & mask_;
-    while (slots_[slot] != kFree) slot = (slot + 1) & mask_;
-    slots_[slot] = static_cast<int>(entries_.size());
-    entries_.push_back(entry);
+    if (wanted * 3 > slots_.size() || entries_.size() > wanted * 2 + 64) index(wanted * 2);
+    entries_.push_back({key, value});
+    enter(mark, entries_.size() - 1);
     count_++;
     listed_ = false;
 }
 
-// The slot of the first entry with that key and, unless it is null, that value.
-inline unsigned CHashtable::slotOf(const Entry & wanted, CXObject * value) const {
-    if (slots_.empty()) return kNone;
-    for (unsigned slot = wanted.hash & mask_; slots_[slot] != kFree; slot = (slot + 1) & mask_) {
-        const Entry & stored = entries_[static_cast<std::size_t>(slots_[slot])];
-        if (sameKey(wanted, stored) && (!value || stored.value == value)) return slot;
-    }
-    return kNone;
-}
+CXObject * CHashtable::get(CXObject * key) const { return valueAt(find(markOf(key), key, nullptr)); }
 
-CXObject * CHashtable::get(CXObject * key) const {
-    unsigned slot = slotOf(entryFor(key, nullptr), nullptr);
-    return slot == kNone ? nullptr : entries_[static_cast<std::size_t>(slots_[slot])].value;
-}
-
-void CHashtable::takeOut(unsigned slot) {
-    auto place = static_cast<std::size_t>(slots_[slot]);
+// False when the slot is none.
+bool CHashtable::takeOut(unsigned slot) {
+    if (slot == kNone) return false;
+    auto place = static_cast<std::size_t>(slots_[slot].place);
     // The entries behind the gap move up, each no further than its own first slot.
-    for (unsigned next = (slot + 1) & mask_; slots_[next] != kFree; next = (next + 1) & mask_) {
-        unsigned home = entries_[static_cast<std::size_t>(slots_[next])].hash & mask_;
-        if (((next - home) & mask_) >= ((next - slot) & mask_)) {
+    for (unsigned next = (slot + 1) & mask_; slots_[next].place != kFree; next = (next + 1) & mask_) {
+        if (((next - home(slots_[next].hash)) & mask_) >= ((next - slot) & mask_)) {
             slots_[slot] = slots_[next];
             slot = next;
         }
     }
-    slots_[slot] = kFree;
+    slots_[slot].place = kFree;
     if (ownKeys_) delete entries_[place].key;
     entries_[place].key = nullptr;
     while (!entries_.empty() && !entries_.back().key) entries_.pop_back();
     count_--;
     listed_ = false;
+    return true;
 }
 
-bool CHashtable::remove(CXObject * key, CXObject * value) {
-    unsigned slot = slotOf(entryFor(key, value), value);
-    if (slot == kNone) return false;
-    takeOut(slot);
-    return true;
+bool CHashtable::remove(CXObject * key, CXObject * value) { return takeOut(find(markOf(key), key, value)); }
+
+bool CHashtable::remove(CStringHashCode * key, CXObject * value) {
+    return takeOut(find(key->mark(), key, value));
 }
 
 bool CHashtable::remove(CXObject * value) {
@@ -127,10 +122,9 @@ bool CHashtable::remove(CXObject * value) {
             first = &entry;
     if (!first) return false;
     auto place = static_cast<int>(first - entries_.data());
-    unsigned slot = first->hash & mask_;
-    while (slots_[slot] != place) slot = (slot + 1) & mask_;
-    takeOut(slot);
-    return true;
+    unsigned slot = home(markOf(first->key).hash);
+    while (slots_[slot].place != place) slot = (slot + 1) & mask_;
+    return takeOut(slot);
 }
 
 bool CHashtable::contains(CXObject * value) {

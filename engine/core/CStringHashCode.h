@@ -11,72 +11,97 @@
 // the order of CHashtable::getKeys.
 int nameHash(std::string_view text);
 
-class CStringHashCode : public CXObject {
+// What finds a text among others: its first and last eight bytes (they overlap in a text of fewer than 16)
+// and a hash that spreads better than the engine's. Its low byte is the length, or kLong: texts up to 16
+// bytes are equal when their marks are.
+struct TextMark {
+    static constexpr unsigned kLong = 0xFF;
+
+    std::uint64_t ends[2];
+    unsigned hash;
+
+    explicit TextMark(std::string_view text);
+    explicit TextMark(unsigned hash) : ends{}, hash(hash | kLong) {} // of a key that isn't a text
+    bool tellsAll() const { return (hash & kLong) != kLong; }
+};
+
+class CStringHashCode final : public CXObject {
 public:
     explicit CStringHashCode(const CXString & text) : CStringHashCode(text.view()) {}
     explicit CStringHashCode(const char * text) : CStringHashCode(std::string_view(text)) {}
-    explicit CStringHashCode(std::string_view text) {
-        small_[0] = 0;
-        set(text);
-    }
+    explicit CStringHashCode(std::string_view text) : mark_(text) { keep(text); }
     CStringHashCode(const CStringHashCode &) = delete;
     CStringHashCode & operator=(const CStringHashCode &) = delete;
-    ~CStringHashCode() override;
+    ~CStringHashCode() override {
+        if (text_ != small_) delete[] text_;
+    }
+    // Keys come and go with every local variable: a thread keeps the blocks of a few for the next ones.
+    static void * operator new(std::size_t bytes);
+    static void operator delete(void * block, std::size_t bytes) noexcept;
 
     void set(const char * text) { set(std::string_view(text)); }
     void set(std::string_view text) {
-        if (text.size() >= static_cast<std::size_t>(room_)) makeRoom(text.size());
-        std::memcpy(text_, text.data(), text.size());
-        text_[text.size()] = 0;
-        length_ = static_cast<unsigned>(text.size());
-        mixed_ = mix(text);
+        mark_ = TextMark(text);
+        keep(text);
     }
     CXString getString() const { return CXString(view()); }
-    std::string_view view() const { return {text_, length_}; }
-    // A hash that spreads better than the engine's, for finding; nothing visible depends on it.
-    unsigned mixed() const { return mixed_; }
-    static unsigned mix(std::string_view text);
+    std::string_view view() const {
+        if (length_ <= 16) unpack();
+        return {text_, length_};
+    }
+    const TextMark & mark() const { return mark_; }
 
     int getHashcode() override { return nameHash(view()); }
     bool equals(CXObject * other) override { return view() == static_cast<CStringHashCode *>(other)->view(); }
     const CStringHashCode * asStringKey() const override { return this; }
 
 private:
-    static constexpr unsigned kSmall = 64;
+    static constexpr std::size_t kSmall = 40;
 
-    void makeRoom(std::size_t length);
+    void keep(std::string_view text) {
+        length_ = text.size();
+        if (length_ > 16) keepLong(text);
+    }
+    void keepLong(std::string_view text);
+    void unpack() const;
 
-    unsigned mixed_ = 0;
-    unsigned length_ = 0;
-    unsigned room_ = kSmall;
-    char * text_ = small_; // small_, or owned
-    char small_[kSmall];
+    TextMark mark_;
+    std::size_t length_ = 0;
+    std::size_t room_ = kSmall;
+    char * text_ = small_; // small_, or owned; a text of up to 16 bytes gets here only when it is asked for
+    mutable char small_[kSmall];
 };
 
-inline unsigned CStringHashCode::mix(std::string_view text) {
-    constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15ULL, kMultiplier = 0xD6E8FEB86659FD93ULL;
+inline TextMark::TextMark(std::string_view text) {
+    constexpr std::uint64_t kFirst = 0xA0761D6478BD642FULL, kLast = 0xE7037ED1A0B428DBULL;
     const char * p = text.data();
     std::size_t n = text.size();
-    std::uint64_t h = n * kOdd, word = 0;
-    for (; n >= 8; n -= 8, p += 8) {
-        std::memcpy(&word, p, 8);
-        h = (h ^ word) * kMultiplier;
-        h ^= h >> 32;
-    }
     if (n >= 4) {
-        std::uint32_t head = 0, tail = 0; // they overlap for fewer than eight bytes
-        std::memcpy(&head, p, 4);
-        std::memcpy(&tail, p + n - 4, 4);
-        word = static_cast<std::uint64_t>(tail) << 32 | head;
-    } else if (n > 0) {
-        auto byte = [p](std::size_t i) {
-            return static_cast<std::uint64_t>(static_cast<unsigned char>(p[i]));
+        // Four loads at places without a branch, which names of mixed lengths would make hard to guess.
+        auto at = [p](std::size_t i) {
+            std::uint32_t word = 0;
+            std::memcpy(&word, p + i, 4);
+            return static_cast<std::uint64_t>(word);
         };
-        word = byte(0) | byte(n / 2) << 8 | byte(n - 1) << 16;
+        std::size_t end = n - 4;
+        ends[0] = at(0) | at(end < 4 ? end : 4) << 32;
+        ends[1] = at(end < 4 ? 0 : end - 4) | at(end) << 32;
     } else {
-        word = 0;
+        auto at = [p](std::size_t i) { return static_cast<std::uint64_t>(static_cast<unsigned char>(p[i])); };
+        ends[0] = n == 0 ? 0 : at(0) | at(n / 2) << 8 | at(n - 1) << 16;
+        ends[1] = 0;
     }
-    h = (h ^ word) * kMultiplier;
-    h ^= h >> 32;
-    return static_cast<unsigned>((h * kOdd) >> 32);
+    auto mixed = [](std::uint64_t a, std::uint64_t b) {
+        __extension__ using Wide = unsigned __int128;
+        Wide product = static_cast<Wide>(a) * b;
+        return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
+    };
+    std::uint64_t middle = n * kLast;
+    for (std::size_t i = 8; i + 8 < n; i += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, p + i, 8);
+        middle = mixed(middle ^ word, kFirst);
+    }
+    hash = static_cast<unsigned>(mixed(ends[0] ^ kFirst, ends[1] ^ middle)) << 8 |
+           (n <= 16 ? static_cast<unsigned>(n) : kLong);
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -17,14 +18,21 @@ namespace {
 
 // No string holds a zero byte: whatever comes in ends at the first one.
 std::string_view zeroEnded(std::string_view text) {
-    const void * zero = text.empty() ? nullptr : std::memchr(text.data(), 0, text.size());
+    if (text.empty()) return "";
+    const void * zero = std::memchr(text.data(), 0, text.size());
     return zero ? text.substr(0, static_cast<std::size_t>(static_cast<const char *>(zero) - text.data()))
                 : text;
 }
 
-std::string_view orEmpty(const char * text) { return text ? std::string_view(text) : std::string_view(); }
+std::string_view orEmpty(const char * text) { return text ? text : ""; }
 
 int size(std::string_view text) { return static_cast<int>(text.size()); }
+
+char * newBlock(std::size_t bytes) {
+    char * block = static_cast<char *>(std::malloc(bytes));
+    if (!block) std::abort(); // as everywhere in the engine, running out of memory isn't handled
+    return block;
+}
 
 int capacityFor(int length) { return length < CXString::kStep ? CXString::kStep : length + CXString::kStep; }
 
@@ -33,66 +41,43 @@ constexpr const char * kCoordinateSeparators = ".|, ";
 
 } // namespace
 
-CXString::CXString() { inline_[0] = 0; }
-
-CXString::CXString(const char * text) {
-    inline_[0] = 0;
-    store(orEmpty(text));
-    capacity_ = capacityFor(length_);
-}
-
 CXString::CXString(std::string_view text) {
-    inline_[0] = 0;
-    store(zeroEnded(text));
-    capacity_ = capacityFor(length_);
+    text = zeroEnded(text);
+    begin(text.data(), text.size());
 }
 
 CXString::CXString(int size) {
-    reserve(std::max(size, 1), 0);
+    if (size > allocated_) {
+        buffer_ = newBlock(static_cast<std::size_t>(size));
+        allocated_ = size;
+    }
     capacity_ = size;
     length_ = 1;
     // Not part of the contract, but a buffer that nobody wrote must still end.
     buffer_[allocated_ - 1] = 0;
 }
 
-CXString::CXString(const CXString & other) {
-    inline_[0] = 0;
-    if (other.length_ >= 1) store(other.view());
-    capacity_ = other.capacity_;
-}
-
-CXString::CXString(CXString && other) noexcept {
-    inline_[0] = 0;
-    take(other);
-    capacity_ = other.capacity_;
-}
-
-CXString::~CXString() { release(); }
-
-void CXString::release() {
-    if (onHeap()) std::free(buffer_);
+void CXString::freeBlock() {
+    std::free(buffer_);
     buffer_ = inline_;
     allocated_ = kInline;
 }
 
-void CXString::reserve(int bytes, int keep) {
-    if (buffer_ && bytes <= allocated_) return;
-    char * fresh = static_cast<char *>(std::malloc(static_cast<std::size_t>(bytes)));
-    if (!fresh) std::abort(); // as everywhere in the engine, running out of memory isn't handled
-    if (buffer_ && keep > 0) std::memcpy(fresh, buffer_, static_cast<std::size_t>(keep));
-    if (buffer_) release();
-    buffer_ = fresh;
-    allocated_ = bytes;
+void CXString::beginLong(const char * text, std::size_t n) {
+    buffer_ = newBlock(n + 1);
+    allocated_ = static_cast<int>(n) + 1;
+    std::memcpy(buffer_, text, n);
+    buffer_[n] = 0;
+    length_ = static_cast<int>(n);
+    capacity_ = length_ + kStep;
 }
 
 void CXString::store(std::string_view text) {
-    if (!buffer_) release();
     // The text may lie inside this very buffer, so the old memory goes only after the copy.
-    if (size(text) + 1 > allocated_) {
-        char * fresh = static_cast<char *>(std::malloc(text.size() + 1));
-        if (!fresh) std::abort();
+    if (size(text) >= allocated_) {
+        char * fresh = newBlock(text.size() + 1);
         std::memcpy(fresh, text.data(), text.size());
-        release();
+        if (onHeap()) freeBlock();
         buffer_ = fresh;
         allocated_ = size(text) + 1;
     } else if (!text.empty()) {
@@ -102,39 +87,23 @@ void CXString::store(std::string_view text) {
     buffer_[length_] = 0;
 }
 
-void CXString::append(std::string_view text) {
-    if (text.empty()) return;
-    if (!buffer_) {
-        release();
-        length_ = 0;
-    }
-    int total = length_ + size(text);
-    if (total + 1 > allocated_) {
-        // Twice the room, whatever the capacity says: appending piece by piece stays linear.
-        int bytes = std::max(total + 1, allocated_ > (1 << 29) ? total + 1 : allocated_ * 2);
-        char * fresh = static_cast<char *>(std::malloc(static_cast<std::size_t>(bytes)));
-        if (!fresh) std::abort();
-        std::memcpy(fresh, buffer_, static_cast<std::size_t>(length_));
-        std::memcpy(fresh + length_, text.data(), text.size());
-        release();
-        buffer_ = fresh;
-        allocated_ = bytes;
-    } else {
-        std::memmove(buffer_ + length_, text.data(), text.size());
-    }
-    length_ = total;
-    buffer_[length_] = 0;
+void CXString::appendLong(const char * text, std::size_t n) {
+    // Twice the room, whatever the capacity says: appending piece by piece stays linear.
+    std::size_t kept = static_cast<std::size_t>(length_), needed = kept + n + 1;
+    std::size_t bytes = std::max(needed, static_cast<std::size_t>(allocated_) * 2);
+    if (bytes > std::size_t{INT_MAX}) bytes = needed;
+    char * fresh = newBlock(bytes);
+    std::memcpy(fresh, buffer_, kept);
+    std::memcpy(fresh + kept, text, n);
+    fresh[kept + n] = 0;
+    if (onHeap()) freeBlock();
+    buffer_ = fresh;
+    allocated_ = static_cast<int>(bytes);
+    length_ = static_cast<int>(kept + n);
 }
 
 CXString & CXString::operator=(const CXString & other) {
     if (this == &other) return *this;
-    if (!other.buffer_) {
-        if (onHeap()) std::free(buffer_);
-        buffer_ = nullptr;
-        allocated_ = 0;
-        length_ = other.length_;
-        return *this;
-    }
     if (other.capacity_ > capacity_) capacity_ = other.length_ + kStep;
     store(other.view());
     return *this;
@@ -142,19 +111,16 @@ CXString & CXString::operator=(const CXString & other) {
 
 CXString & CXString::operator=(CXString && other) noexcept {
     if (this == &other) return *this;
-    if (!other.buffer_) return *this = static_cast<const CXString &>(other);
     if (other.capacity_ > capacity_) capacity_ = other.length_ + kStep;
-    take(other);
+    if (other.onHeap())
+        takeBlock(other);
+    else
+        store(other.view());
     return *this;
 }
 
-// The contents of a string that is about to go; its heap block changes hands.
-void CXString::take(CXString & other) {
-    if (!other.buffer_ || !other.onHeap()) {
-        store(other.view());
-        return;
-    }
-    release();
+void CXString::takeBlock(CXString & other) {
+    if (onHeap()) freeBlock();
     buffer_ = other.buffer_;
     allocated_ = other.allocated_;
     length_ = other.length_;
@@ -190,15 +156,9 @@ CXString & CXString::operator=(double value) {
     return *this;
 }
 
-CXString & CXString::operator+=(const CXString & other) { return *this += other.view(); }
-
-CXString & CXString::operator+=(const char * text) { return *this += orEmpty(text); }
-
 CXString & CXString::operator+=(std::string_view text) {
     text = zeroEnded(text);
-    if (length_ + size(text) >= capacity_) capacity_ = length_ + size(text) + kStep;
-    append(text);
-    return *this;
+    return add(text.data(), text.size());
 }
 
 CXString & CXString::operator+=(char c) {
@@ -217,7 +177,7 @@ CXString & CXString::operator+=(int value) {
 
 char CXString::GetAt(int i) const {
     if (i == -1) i = length_ - 1;
-    return buffer_ && i >= 0 && i < length_ ? buffer_[i] : '\0';
+    return i >= 0 && i < length_ ? buffer_[i] : '\0';
 }
 
 bool CXString::IsLower() const { return std::ranges::all_of(view(), text::isLower); }
@@ -324,7 +284,7 @@ void CXString::FillWith(char c, int n) {
 
 void CXString::Replace(char a, char b) {
     std::replace(buffer_, buffer_ + view().size(), a, b);
-    if (!b && buffer_) length_ = static_cast<int>(std::strlen(buffer_));
+    if (!b) length_ = static_cast<int>(std::strlen(buffer_));
 }
 
 CXString CXString::replace(const CXString & what, const CXString & with) const {
@@ -460,11 +420,17 @@ CXString CXString::toString(double value) { return CXString(number::fiveDecimals
 // A new string of a's text, to which b's is added.
 CXString joined(std::string_view a, std::string_view b, int capacity) {
     CXString result;
-    result.capacity_ = capacity;
-    if (size(a) + size(b) >= capacity) result.capacity_ = size(a) + size(b) + CXString::kStep;
-    result.reserve(size(a) + size(b) + 1, 0);
-    result.append(a);
-    result.append(b);
+    std::size_t total = a.size() + b.size();
+    result.capacity_ =
+        total >= static_cast<std::size_t>(capacity) ? static_cast<int>(total) + CXString::kStep : capacity;
+    if (total >= CXString::kInline) {
+        result.buffer_ = newBlock(total + 1);
+        result.allocated_ = static_cast<int>(total) + 1;
+    }
+    std::memcpy(result.buffer_, a.data(), a.size());
+    std::memcpy(result.buffer_ + a.size(), b.data(), b.size());
+    result.buffer_[total] = 0;
+    result.length_ = static_cast<int>(total);
     return result;
 }
 

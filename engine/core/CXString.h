@@ -4,6 +4,7 @@
 // Its capacity follows fixed rules, told at each operation's code; the memory behind it may be larger, and
 // short texts live inside the object. Positions that lie outside are cut to the text; nothing reports errors.
 
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -15,15 +16,29 @@ class CXString {
 public:
     static constexpr int kStep = 32; // capacity of a new string, and the room that growing adds
 
-    CXString();
-    CXString(const char * text); // null counts as empty
+    CXString() { inline_[0] = 0; }
+    CXString(const char * text) { // null counts as empty
+        if (!text) text = "";
+        begin(text, std::strlen(text));
+    }
     explicit CXString(std::string_view text);
     explicit CXString(const std::string & text) : CXString(std::string_view(text)) {}
     // Room for a caller who writes the buffer himself; contents unset, the length reads 1.
     explicit CXString(int size);
-    CXString(const CXString & other);
-    CXString(CXString && other) noexcept;
-    virtual ~CXString();
+    CXString(const CXString & other) {
+        begin(other.buffer_, static_cast<std::size_t>(other.length_));
+        capacity_ = other.capacity_;
+    }
+    CXString(CXString && other) noexcept {
+        if (other.onHeap())
+            takeBlock(other);
+        else
+            begin(other.buffer_, static_cast<std::size_t>(other.length_));
+        capacity_ = other.capacity_;
+    }
+    virtual ~CXString() {
+        if (onHeap()) freeBlock();
+    }
 
     CXString & operator=(const CXString & other);
     CXString & operator=(CXString && other) noexcept;
@@ -31,19 +46,19 @@ public:
     CXString & operator=(char c);
     CXString & operator=(int value);
     CXString & operator=(double value); // nine significant digits; script values print by toString(double)
-    CXString & operator+=(const CXString & other);
-    CXString & operator+=(const char * text);
+    CXString & operator+=(const CXString & other) {
+        return add(other.buffer_, static_cast<std::size_t>(other.length_));
+    }
+    CXString & operator+=(const char * text) { return text ? add(text, std::strlen(text)) : *this; }
     CXString & operator+=(std::string_view text);
     CXString & operator+=(char c);
     CXString & operator+=(int value);
 
-    const char * c_str() const { return buffer_ ? buffer_ : ""; }
+    const char * c_str() const { return buffer_; }
     char * getBuffer() { return buffer_; } // capacity bytes
     int getLength() const { return length_; }
     int getCapacity() const { return capacity_; }
-    std::string_view view() const {
-        return {c_str(), buffer_ ? static_cast<std::size_t>(length_) : std::size_t{0}};
-    }
+    std::string_view view() const { return {buffer_, static_cast<std::size_t>(length_)}; }
 
     char GetAt(int i) const; // -1 is the last byte; 0 outside
     char lastChar() const { return GetAt(-1); }
@@ -121,14 +136,43 @@ public:
 private:
     friend CXString joined(std::string_view a, std::string_view b, int capacity);
 
-    static constexpr int kInline = 36;
+    static constexpr std::size_t kInline = 36;
 
-    void reserve(int bytes, int keep); // room for bytes, the first keep of them kept
+    // A new string's first text, n bytes without a zero.
+    void begin(const char * text, std::size_t n) {
+        if (n >= kInline) {
+            beginLong(text, n);
+            return;
+        }
+        std::memcpy(inline_, text, n);
+        inline_[n] = 0;
+        length_ = static_cast<int>(n);
+        if (n >= static_cast<std::size_t>(kStep)) capacity_ = length_ + kStep;
+    }
+    void beginLong(const char * text, std::size_t n);
+    // More text, which may lie inside this very buffer.
+    CXString & add(const char * text, std::size_t n) {
+        std::size_t total = static_cast<std::size_t>(length_) + n;
+        if (total >= static_cast<std::size_t>(capacity_)) capacity_ = static_cast<int>(total) + kStep;
+        append(text, n);
+        return *this;
+    }
+    void append(const char * text, std::size_t n) {
+        std::size_t total = static_cast<std::size_t>(length_) + n;
+        if (total >= static_cast<std::size_t>(allocated_)) {
+            appendLong(text, n);
+            return;
+        }
+        std::memcpy(buffer_ + length_, text, n);
+        buffer_[total] = 0;
+        length_ = static_cast<int>(total);
+    }
+    void appendLong(const char * text, std::size_t n);
+    void append(std::string_view text) { append(text.data(), text.size()); }
     void store(std::string_view text); // text in place of the contents, capacity untouched
-    void append(std::string_view text);
-    void cut(int start, int end); // keeps start..end of the contents
-    void take(CXString & other);
-    void release();
+    void cut(int start, int end);      // keeps start..end of the contents
+    void takeBlock(CXString & other);  // the heap block of a string that is about to go, with its text
+    void freeBlock();
     bool onHeap() const { return buffer_ != inline_; }
 
     int length_ = 0;

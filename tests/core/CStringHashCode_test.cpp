@@ -42,7 +42,7 @@ TEST(CStringHashCode, TakesOtherTexts) {
         EXPECT_FALSE(key.equals(&same)) << length;
         CStringHashCode twin(text);
         EXPECT_TRUE(key.equals(&twin) && key.getHashcode() == twin.getHashcode()) << length;
-        EXPECT_EQ(key.mixed(), twin.mixed());
+        EXPECT_EQ(key.mark().hash, twin.mark().hash);
     }
     key.set("First");
     EXPECT_FALSE(key.equals(&same)); // by case
