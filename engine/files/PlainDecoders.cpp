@@ -1,0 +1,87 @@
+#include "files/PlainDecoders.h"
+
+#include <cstdint>
+#include <cstring>
+#include <memory>
+
+namespace plain {
+
+std::size_t runLengths(const unsigned char * from, std::size_t fromSize, std::size_t unit, unsigned char * to,
+                       std::size_t toSize) {
+    std::size_t in = 0, out = 0;
+    while (toSize - out >= unit && in < fromSize) {
+        unsigned control = from[in++];
+        bool run = control & 0x80;
+        if (run && fromSize - in < unit) break;
+        for (unsigned left = control & 0x7F; left && toSize - out >= unit; left--) {
+            if (fromSize - in < unit) return out;
+            std::memcpy(to + out, from + in, unit);
+            out += unit;
+            if (!run) in += unit;
+        }
+        if (run) in += unit;
+    }
+    return out;
+}
+
+namespace {
+
+constexpr unsigned kClear = 256, kFirst = 257, kCodes = 65536;
+
+class Bits {
+public:
+    Bits(const unsigned char * from, std::size_t size) : from_(from), left_(size * 8) {}
+
+    // False when there are fewer bits than that.
+    bool take(unsigned width, unsigned & code) {
+        if (left_ < width) return false;
+        left_ -= width;
+        code = 0;
+        for (unsigned i = 0; i < width; i++, at_++) code |= (from_[at_ >> 3] >> (at_ & 7) & 1u) << i;
+        return true;
+    }
+
+private:
+    const unsigned char * from_;
+    std::size_t left_, at_ = 0; // bits
+};
+
+struct Entry {
+    std::uint16_t prefix;
+    unsigned char byte;
+};
+
+} // namespace
+
+std::size_t dictionary(const unsigned char * bits, std::size_t bitsSize, int codes, unsigned char * to,
+                       std::size_t toSize) {
+    std::unique_ptr<Entry[]> entries(new Entry[kCodes]);
+    std::unique_ptr<unsigned char[]> stack(new unsigned char[kCodes]);
+    Bits in(bits, bitsSize);
+    unsigned width = 9, next = kFirst, previous = 0, code;
+    std::size_t out = 0;
+    while (--codes >= 0 && out < toSize && in.take(width, code)) {
+        if (code == kClear) {
+            width = 9;
+            next = kFirst;
+            if (--codes < 0 || !in.take(width, previous) || previous > 255) break;
+            to[out++] = static_cast<unsigned char>(previous);
+            continue;
+        }
+        if (code > next) break;
+        // The string from its end: each entry is a shorter string and one byte more.
+        std::size_t length = code == next ? 1 : 0; // of the string being defined, the last byte comes later
+        unsigned walk = code == next ? previous : code;
+        for (; walk > 255; walk = entries[walk].prefix) stack[length++] = entries[walk].byte;
+        auto first = static_cast<unsigned char>(walk);
+        stack[length++] = first;
+        if (code == next) stack[0] = first;
+        while (length && out < toSize) to[out++] = stack[--length];
+        if (next < kCodes) entries[next++] = {static_cast<std::uint16_t>(previous), first};
+        previous = code;
+        if (width < 16 && next >> width) width++;
+    }
+    return out;
+}
+
+} // namespace plain
