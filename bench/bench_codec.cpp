@@ -91,9 +91,11 @@ void runLengths(const char * name, Bytes plane, std::size_t unit, double goal) {
     });
     auto slow = t.add("unit by unit", size, [&] {
         if (unit == 2)
-            plain::runLengths(from, static_cast<std::size_t>(coded), 2, result.data(), result.size());
+            plain::runLengths<std::uint16_t>(from, static_cast<std::size_t>(coded), result.data(),
+                                             result.size());
         else
-            plain::runLengths(from, static_cast<std::size_t>(coded), 1, result.data(), result.size());
+            plain::runLengths<unsigned char>(from, static_cast<std::size_t>(coded), result.data(),
+                                             result.size());
         bench::keep(result[0]);
     });
     t.sample();

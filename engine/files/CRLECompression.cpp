@@ -93,8 +93,7 @@ std::size_t decode(const unsigned char * from, std::size_t fromSize, unsigned ch
         out = stop;
     }
     auto made = static_cast<std::size_t>(out - to);
-    return made +
-           plain::runLengths(in, static_cast<std::size_t>(inEnd - in), sizeof(Unit), out, toSize - made);
+    return made + plain::runLengths<Unit>(in, static_cast<std::size_t>(inEnd - in), out, toSize - made);
 }
 
 template <class Unit>

@@ -6,23 +6,30 @@
 
 namespace plain {
 
-std::size_t runLengths(const unsigned char * from, std::size_t fromSize, std::size_t unit, unsigned char * to,
+template <class Unit>
+std::size_t runLengths(const unsigned char * from, std::size_t fromSize, unsigned char * to,
                        std::size_t toSize) {
     std::size_t in = 0, out = 0;
-    while (toSize - out >= unit && in < fromSize) {
-        unsigned control = from[in++];
-        bool run = control & 0x80;
-        if (run && fromSize - in < unit) break;
-        for (unsigned left = control & 0x7F; left && toSize - out >= unit; left--) {
-            if (fromSize - in < unit) return out;
-            std::memcpy(to + out, from + in, unit);
-            out += unit;
-            if (!run) in += unit;
+    while (toSize - out >= sizeof(Unit) && in < fromSize) {
+        unsigned control = from[in++], left = control & 0x7F;
+        if (control & 0x80) {
+            if (fromSize - in < sizeof(Unit)) break;
+            for (; left && toSize - out >= sizeof(Unit); left--, out += sizeof(Unit))
+                std::memcpy(to + out, from + in, sizeof(Unit));
+            in += sizeof(Unit);
+        } else {
+            for (; left && toSize - out >= sizeof(Unit); left--, out += sizeof(Unit), in += sizeof(Unit)) {
+                if (fromSize - in < sizeof(Unit)) return out;
+                std::memcpy(to + out, from + in, sizeof(Unit));
+            }
         }
-        if (run) in += unit;
     }
     return out;
 }
+template std::size_t runLengths<std::uint16_t>(const unsigned char *, std::size_t, unsigned char *,
+                                               std::size_t);
+template std::size_t runLengths<unsigned char>(const unsigned char *, std::size_t, unsigned char *,
+                                               std::size_t);
 
 namespace {
 
@@ -30,20 +37,24 @@ constexpr unsigned kClear = 256, kFirst = 257, kCodes = 65536;
 
 class Bits {
 public:
-    Bits(const unsigned char * from, std::size_t size) : from_(from), left_(size * 8) {}
+    Bits(const unsigned char * from, std::size_t size) : from_(from), end_(from + size) {}
 
     // False when there are fewer bits than that.
     bool take(unsigned width, unsigned & code) {
-        if (left_ < width) return false;
-        left_ -= width;
-        code = 0;
-        for (unsigned i = 0; i < width; i++, at_++) code |= (from_[at_ >> 3] >> (at_ & 7) & 1u) << i;
+        for (; count_ < width; count_ += 8) {
+            if (from_ == end_) return false;
+            bits_ |= static_cast<unsigned>(*from_++) << count_;
+        }
+        code = bits_ & ((1u << width) - 1);
+        bits_ >>= width;
+        count_ -= width;
         return true;
     }
 
 private:
     const unsigned char * from_;
-    std::size_t left_, at_ = 0; // bits
+    const unsigned char * end_;
+    unsigned bits_ = 0, count_ = 0;
 };
 
 struct Entry {

@@ -7,8 +7,9 @@
 
 namespace plain {
 
-// A run-length stream whose units are `unit` bytes wide.
-std::size_t runLengths(const unsigned char * from, std::size_t fromSize, std::size_t unit, unsigned char * to,
+// A run-length stream of words (std::uint16_t) or bytes (unsigned char).
+template <class Unit>
+std::size_t runLengths(const unsigned char * from, std::size_t fromSize, unsigned char * to,
                        std::size_t toSize);
 
 // The bit stream of CLZWCompression. Decoding ends with the codes, the bits or the room, and at a code that
