@@ -11,16 +11,16 @@ namespace {
 
 using Words = std::span<const char * const>;
 
-std::string text;
+std::string page;
 
 void line(std::string_view type, const char * kind, const char * word) {
-    ((((text += type) += '\t') += kind) += '\t') += word;
+    ((((page += type) += '\t') += kind) += '\t') += word;
 }
 
 void words(std::string_view type, const char * kind, Words list) {
     for (const char * each : list) {
         line(type, kind, each);
-        text += '\n';
+        page += '\n';
     }
 }
 
@@ -28,7 +28,7 @@ void methods(std::string_view type, const char * kind, std::span<const MethodRow
     for (const MethodRow & row : rows) {
         if (!row.name) continue;
         line(type, kind, row.name);
-        text += "\t" + std::to_string(row.id) + "\t" + row.parameters + "\n";
+        page += "\t" + std::to_string(row.id) + "\t" + row.parameters + "\n";
     }
 }
 
@@ -40,7 +40,7 @@ void runnerOf(std::string_view type, int id, const char * kind = "method") {
 
 std::string describe() {
     CMC_RunnerFactory::initialize();
-    text.clear();
+    page.clear();
     methods("*", "method", CMC_Runner::commonRows());
     runnerOf("@", types::kNone, "statement");
     for (const TypeRow & row : typetable::rows()) {
@@ -65,5 +65,5 @@ std::string describe() {
     runnerOf("SYSTEM", types::kSystem);
     runnerOf("CNVLOADER", types::kCnvLoader);
     CMC_RunnerFactory::done();
-    return text;
+    return page;
 }

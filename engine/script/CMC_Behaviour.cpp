@@ -82,14 +82,14 @@ bool CMC_Behaviour::done(bool all) {
 void CMC_Behaviour::drop(bool keepBlocks) {
     if (!lines_) return;
     for (auto & entry : lines_->entries) entry->releaseTempBeh(!keepBlocks);
-    lines_.reset();
+    lines_ = {};
     parsedText_ = "";
 }
 
 void CMC_Behaviour::parse(const CXString & text) {
-    lines_ = std::make_shared<Statements>();
+    lines_ = Statements::Use(new Statements);
     // The statements see what they were parsed into, not what a nested parse makes of this behaviour.
-    std::shared_ptr<Statements> lines = lines_;
+    Statements::Use lines = lines_;
     CMC_Behaviour_Entry::getCodeLines(this, text, *lines);
 }
 
@@ -138,11 +138,12 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
 }
 
 bool CMC_Behaviour::runLines(CMC_Object * self, CXArray * args) {
-    std::shared_ptr<Statements> lines = lines_;
+    Statements::Use lines = lines_;
     if (!lines) return false; // the condition's handlers dropped them
+    notes::Place place(this);
     int number = 0;
     for (auto & entry : lines->entries) {
-        notes::Place place(this, ++number, entry->getLine().view());
+        place.at(++number, entry->getLine());
         CMC_Object * result = entry->run(self, args);
         if (control::isSignal(result)) return result == control::breakSignal();
         CMC_Object::flush(result);

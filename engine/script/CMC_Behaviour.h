@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class CMC_BasicCondition;
@@ -18,9 +19,37 @@ namespace names {
 struct Record;
 }
 
-// The statements of a behaviour's text.
+// The statements of a behaviour's text. Their behaviour and each of its runs hold them by a Use.
 class Statements {
 public:
+    // Like a shared pointer that stays on one thread.
+    class Use {
+    public:
+        Use() = default;
+        explicit Use(Statements * statements) : statements_(statements) { count(1); }
+        Use(const Use & other) : Use(other.statements_) {}
+        Use(Use && other) noexcept : statements_(std::exchange(other.statements_, nullptr)) {}
+        Use & operator=(Use other) noexcept {
+            std::swap(statements_, other.statements_);
+            return *this;
+        }
+        ~Use() {
+            count(-1);
+            if (statements_ && statements_->uses_ == 0) delete statements_;
+        }
+        Statements * get() const { return statements_; }
+        Statements * operator->() const { return statements_; }
+        Statements & operator*() const { return *statements_; }
+        explicit operator bool() const { return statements_ != nullptr; }
+
+    private:
+        void count(int change) {
+            if (statements_) statements_->uses_ += change;
+        }
+
+        Statements * statements_ = nullptr;
+    };
+
     Statements();
     ~Statements();
     Statements(const Statements &) = delete;
@@ -38,6 +67,7 @@ private:
         std::uint64_t version;
     };
     std::vector<Seen> seen_;
+    int uses_ = 0;
 };
 
 class CMC_Behaviour : public CMC_Object, public CTimerNotificator {
@@ -114,8 +144,8 @@ private:
     CXString code_;
     CXString condition_;
     life::Handle conditionObject_;
-    std::shared_ptr<Statements> lines_; // null before init and for empty code; a run shares them
-    CXString parsedText_;               // with arguments, of lines_; empty when lines_ are of code_
+    Statements::Use lines_; // null before init and for empty code; a run shares them
+    CXString parsedText_;   // with arguments, of lines_; empty when lines_ are of code_
     int timerCounter_ = 0;
     int timerCount_ = 0;
     CXArray * timerArgs_ = nullptr; // owned with its strings

@@ -111,7 +111,7 @@ void CMC_Behaviour_Entry::getCodeLines(CMC_Behaviour * behaviour, const CXString
     auto finish = [&] {
         int number = static_cast<int>(statements.entries.size()) + 1;
         CXString line((View(area)));
-        notes::Place place(behaviour, number, line.view());
+        notes::Place place(behaviour, number, line);
         if (tooLong)
             notes::add(notes::Kind::textTooLong,
                        "cut at " + std::to_string(CMC_Behaviour::kLimit - 1) + " bytes");
@@ -131,7 +131,8 @@ void CMC_Behaviour_Entry::getCodeLines(CMC_Behaviour * behaviour, const CXString
             tooLong = true;
     }
     if (area.empty()) return;
-    notes::Place place(behaviour, static_cast<int>(statements.entries.size()) + 1, area);
+    CXString rest((View(area)));
+    notes::Place place(behaviour, static_cast<int>(statements.entries.size()) + 1, rest);
     notes::add(notes::Kind::missingSemicolon, depth > 0
                                                   ? "a bracket isn't closed: the rest of the code doesn't run"
                                                   : "the statement doesn't run");
@@ -147,6 +148,7 @@ void CMC_Behaviour_Entry::parse(Statements * statements) {
         form_ = Form::builtIn;
         runner_ = CMC_RunnerFactory::getRunner(types::kNone);
         if (cutMethod(text, 1, open)) methodId_ = runner_->resolveMethod(methodName_);
+        row_ = runner_->rowOf(methodId_);
     } else if (first == '*') {
         form_ = Form::indirect;
         open = parseIndirect(text, statements);
@@ -221,12 +223,15 @@ void CMC_Behaviour_Entry::parseCall(View text, Statements * statements) {
     objectName_ = CXString(text.substr(0, caret));
     if (!cutMethod(text, caret + 1, text.find('('))) return;
     nameHasParam_ = has(objectName_.view(), '$');
+    nameHasField_ = has(objectName_.view(), '|');
     if (nameHasParam_) return;
     CMC_Object * found = lookUpCall(objectName_.view(), statements);
     if (!found || found->isTemporary()) return;
     object_ = life::Handle(found);
     runner_ = runnerOf(found);
-    if (runner_) methodId_ = runner_->resolveMethod(methodName_);
+    if (!runner_) return;
+    methodId_ = runner_->resolveMethod(methodName_);
+    row_ = runner_->rowOf(methodId_);
 }
 
 CMC_Object * CMC_Behaviour_Entry::lookUp(View name, Statements * statements) {
@@ -269,12 +274,14 @@ void CMC_Behaviour_Entry::parseParameter(View text, Statements * statements) {
         if (has(text, '$')) allStatic_ = false;
     } else if (text[0] == '@' || has(text, '$') || has(text, '^') || text[0] != '&') {
         made.entry = std::make_unique<CMC_Behaviour_Entry>(behaviour_, CXString(text), statements);
+        made.takesArgs = has(text, '$');
         allStatic_ = false;
     } else {
         View name = text.substr(1);
         CMC_Object * found = lookUp(name, statements);
         if (found && types::isValue(found->getType())) {
             made.reference = CXString(name);
+            made.isReference = true;
             made.bound = life::Handle(found);
             hasReferences_ = true;
             value = found;
@@ -343,8 +350,8 @@ CMC_Object * CMC_Behaviour_Entry::run(CMC_Object * self, CXArray * args) {
 }
 
 bool CMC_Behaviour_Entry::referencesStand() const {
-    return std::ranges::all_of(
-        parameters_, [](const Parameter & each) { return !each.reference.IsString() || each.bound.get(); });
+    return std::ranges::all_of(parameters_,
+                               [](const Parameter & each) { return !each.isReference || each.bound.get(); });
 }
 
 CMC_Object * CMC_Behaviour_Entry::runPlain(CMC_Object *, CXArray * args) {
@@ -403,21 +410,20 @@ CMC_Variable * CMC_Behaviour_Entry::literal() {
 
 void CMC_Behaviour_Entry::fill(CXVector & params, CMC_Object * self, CXArray * args) {
     for (std::size_t i = 0; i < parameters_.size(); i++) {
-        Parameter & parameter = parameters_[i];
+        const Parameter & parameter = parameters_[i];
         CXObject * value = parameter.owned.get();
         if (parameter.entry) {
-            if (has(parameter.entry->line_.view(), '$'))
-                value = evaluate(fillParams(parameter.entry->line_, args), self, args);
-            else
-                value = parameter.entry->run(self, args);
+            value = parameter.takesArgs ? evaluate(fillParams(parameter.entry->line_, args), self, args)
+                                        : parameter.entry->run(self, args);
         } else if (parameter.isBlock) {
-            CMC_Behaviour * block = static_cast<CMC_BlockName *>(parameter.owned.get())->block();
-            if (args && block) block->setParams(args);
-        } else if (parameter.reference.IsString()) {
+            CMC_Behaviour * block =
+                args ? static_cast<CMC_BlockName *>(parameter.owned.get())->block() : nullptr;
+            if (block) block->setParams(args);
+        } else if (parameter.isReference) {
             value = parameter.bound.get();
             if (!value && scope()) value = scope()->getVariable(parameter.reference); // the first one is gone
         }
-        params.setAt(static_cast<int>(i), value);
+        params.begin()[i] = value;
     }
 }
 
@@ -445,8 +451,7 @@ CMC_Object * CMC_Behaviour_Entry::evaluate(const CXString & text, CMC_Object * s
 void CMC_Behaviour_Entry::release(CXVector & params) {
     for (std::size_t i = 0; i < parameters_.size(); i++) {
         if (!parameters_[i].entry) continue;
-        auto * value = static_cast<CMC_Object *>(params.at(static_cast<int>(i)));
-        params.setAt(static_cast<int>(i), nullptr);
+        auto * value = static_cast<CMC_Object *>(std::exchange(params.begin()[i], nullptr));
         if (!value) continue;
         if (types::isValue(value->getType()) && static_cast<CMC_Variable *>(value)->getId() >= 0) {
             CMC_Object::flush(value);
@@ -462,14 +467,24 @@ void CMC_Behaviour_Entry::release(CXVector & params) {
     }
 }
 
+CMC_Object * CMC_Behaviour_Entry::callByName(CMC_Object * object, CMC_Runner * runner,
+                                             const CXString & method, CXVector & params) {
+    return object && runner ? runner->run(method, object, scope(), &params) : nullptr;
+}
+
 CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVector & params) {
+    if (row_) { // most statements
+        CMC_Object * object = form_ == Form::builtIn ? behaviour_ : object_.get();
+        if (object) return runner_->run(*row_, object, scope(), &params);
+    }
+    return callFound(self, args, params);
+}
+
+// A call whose target or method has to be found first.
+CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, CXVector & params) {
     CMC_ObjectsContainer * where = scope();
-    auto byName = [&](CMC_Object * object, CMC_Runner * runner, const CXString & method) -> CMC_Object * {
-        return object && runner ? runner->run(method, object, where, &params) : nullptr;
-    };
-    auto byId = [&](CMC_Object * object, CMC_Runner * runner, int method) -> CMC_Object * {
-        return method >= 0 ? runner->run(method, object, where, &params)
-                           : byName(object, runner, methodName_);
+    auto byName = [&](CMC_Object * object, CMC_Runner * runner, const CXString & method) {
+        return callByName(object, runner, method, params);
     };
     auto missing = [&](const CXString & name) -> CMC_Object * {
         notes::add(notes::Kind::unknownObject, name.view());
@@ -477,7 +492,7 @@ CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVect
     };
 
     switch (form_) {
-    case Form::builtIn: return byId(behaviour_, runner_, methodId_);
+    case Form::builtIn: return byName(behaviour_, runner_, methodName_);
     case Form::self: {
         CMC_Object * target = where && where->getType() == types::kClass ? where : self;
         return target ? byName(target, runnerOf(target), methodName_) : missing("THIS");
@@ -502,8 +517,8 @@ CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVect
         if (!target) return missing(name);
         return byName(target, runnerOf(target), fillParams(methodName_, args));
     }
-    if (CMC_Object * bound = object_.get(); bound && runner_) return byId(bound, runner_, methodId_);
-    if (has(objectName_.view(), '|')) {
+    if (CMC_Object * bound = object_.get(); bound && runner_) return byName(bound, runner_, methodName_);
+    if (nameHasField_) {
         CMC_Object * target = lookUpCall(objectName_.view(), nullptr);
         return target ? byName(target, runnerOf(target), methodName_) : missing(objectName_);
     }
@@ -514,8 +529,10 @@ CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVect
         meaning_.scope = where;
         meaning_.object = where ? where->getObject(objectName_) : nullptr;
         meaning_.runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
-        meaning_.methodId = meaning_.runner ? meaning_.runner->resolveMethod(methodName_) : -1;
+        meaning_.row =
+            meaning_.runner ? meaning_.runner->rowOf(meaning_.runner->resolveMethod(methodName_)) : nullptr;
     }
     if (!meaning_.object) return missing(objectName_);
-    return meaning_.runner ? byId(meaning_.object, meaning_.runner, meaning_.methodId) : nullptr;
+    if (meaning_.row) return meaning_.runner->run(*meaning_.row, meaning_.object, where, &params);
+    return byName(meaning_.object, meaning_.runner, methodName_);
 }

@@ -12,6 +12,7 @@
 #include <vector>
 
 class CMC_Expression;
+struct MethodRow;
 
 class CMC_Behaviour_Entry : public CMC_Object {
 public:
@@ -43,7 +44,7 @@ private:
         CMC_ObjectsContainer * scope = nullptr;
         CMC_Object * object = nullptr;
         CMC_Runner * runner = nullptr;
-        int methodId = -1;
+        const MethodRow * row = nullptr;
     };
 
     struct Parameter {
@@ -56,7 +57,9 @@ private:
         std::unique_ptr<CMC_Object> owned;          // the static value, when it is the statement's own
         CXString reference;                         // "&NAME" of a variable: its name
         life::Handle bound;                         // and the variable, found when the text was parsed
+        bool isReference = false;
         bool isBlock = false;
+        bool takesArgs = false; // the entry's text holds a $
     };
 
     struct Literal {
@@ -80,12 +83,15 @@ private:
     CMC_Object * substituted(CXArray * args);
     CMC_Variable * literal();
     CMC_Object * call(CMC_Object * self, CXArray * args, CXVector & params);
+    CMC_Object * callFound(CMC_Object * self, CXArray * args, CXVector & params);
+    CMC_Object * callByName(CMC_Object * object, CMC_Runner * runner, const CXString & method,
+                            CXVector & params);
     CMC_Object * evaluate(const CXString & text, CMC_Object * self, CXArray * args);
     bool referencesStand() const;
     void fill(CXVector & params, CMC_Object * self, CXArray * args);
     void release(CXVector & params);
 
-    CMC_ObjectsContainer * scope() const { return behaviour_->getScene(); }
+    CMC_ObjectsContainer * scope() const { return behaviour_->scene(); }
 
     CMC_Behaviour * behaviour_; // not owned
     CXString line_;
@@ -93,9 +99,11 @@ private:
     CXString objectName_;
     life::Handle object_; // found when the text was parsed
     CMC_Runner * runner_ = nullptr;
+    const MethodRow * row_ = nullptr; // of the runner; null when the method isn't known yet
     CXString methodName_;
     int methodId_ = -1;
     bool nameHasParam_ = false;
+    bool nameHasField_ = false;
     bool allStatic_ = true;
     bool hasReferences_ = false;
     bool ownsTemp_ = true;

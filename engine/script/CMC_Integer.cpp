@@ -3,7 +3,6 @@
 #include "files/CXArchive.h"
 #include "script/CMC_VariableFactory.h"
 #include "script/CMElement.h"
-#include "script/Conversions.h"
 #include "script/NetForm.h"
 
 CMC_Integer::CMC_Integer(CMC_ObjectsContainer * scope, CMElement * element)
@@ -61,9 +60,8 @@ void CMC_Integer::dec() {
     onChange(true);
 }
 
-int CMC_Integer::calculated(int left, int right, int op) {
+int CMC_Integer::calculatedOther(int left, int right, int op) {
     switch (op) {
-    case op::kAdd: return convert::add(left, right);
     case op::kSub: return convert::sub(left, right);
     case op::kMul: return convert::mul(left, right);
     case op::kDiv: return convert::divide(left, right);

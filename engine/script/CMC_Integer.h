@@ -3,6 +3,7 @@
 // INTEGER: 32 bits, signed, wrapping.
 
 #include "script/CMC_Variable.h"
+#include "script/Conversions.h"
 
 class CMC_Integer : public CMC_Variable {
 public:
@@ -41,9 +42,13 @@ public:
     void copy(CMC_Variable * source) override { value_ = source->asInteger(); }
     CMC_Object * clone() override;
 
-    static int calculated(int left, int right, int op);
+    static int calculated(int left, int right, int op) {
+        if (op == op::kAdd) return convert::add(left, right);
+        return calculatedOther(left, right, op);
+    }
 
 private:
+    static int calculatedOther(int left, int right, int op);
     void change(int value);
 
     int value_ = 0;

@@ -39,6 +39,7 @@ public:
     virtual bool done(bool all);
     virtual void setScene(CMC_ObjectsContainer * scene) { scene_ = scene; }
     virtual CMC_ObjectsContainer * getScene() { return scene_; }
+    CMC_ObjectsContainer * scene() const { return scene_; } // the same, in place
     virtual int getClonesNo() { return clonesNo_; }
     virtual int getCloneIdx();       // the number behind the last underscore of the name, or 0
     virtual CXString getCloneName(); // the next clone's: NAME_1, NAME_2, ...

@@ -111,11 +111,6 @@ constexpr MethodRow kCommon[] = {
     {109, "OVERIDESIGNALS", "bool", 0, overideSignals},
 };
 
-void noteTooFew(CMC_Object * object, const MethodRow & row) {
-    notes::add(notes::Kind::tooFewParameters, std::string(object->getName().view()) + "^" +
-                                                  (row.name ? row.name : "?") + " needs: " + row.parameters);
-}
-
 template <class Value>
 Value * handedBack(Value * value) {
     CMC_VariableFactory::free(value);
@@ -149,16 +144,19 @@ int CMC_Runner::resolveMethod(const CXString & name) {
     return id ? static_cast<CInteger *>(id)->toInt() : kUnknown;
 }
 
-CMC_Variable * CMC_Runner::valueOf(CXObject * parameter) {
-    if (!parameter) return nullptr;
-    auto * object = static_cast<CMC_Object *>(parameter);
-    if (types::isValue(object->getType())) return static_cast<CMC_Variable *>(object);
+// An expression's value as of now, the name of anything else.
+CMC_Variable * CMC_Runner::valueOfOther(CMC_Object * object) {
     if (object->getType() == types::kExpression) {
         auto * expression = static_cast<CMC_Expression *>(object);
         expression->calculate();
         return expression->getValue();
     }
     return handedBack(CMC_VariableFactory::string(object->getName()));
+}
+
+void CMC_Runner::noteTooFew(CMC_Object * object, const MethodRow & row) {
+    notes::add(notes::Kind::tooFewParameters, std::string(object->getName().view()) + "^" +
+                                                  (row.name ? row.name : "?") + " needs: " + row.parameters);
 }
 
 CMC_Variable * CMC_Runner::getParameter(CXVector * params, int i) {
@@ -191,13 +189,7 @@ CMC_String * CMC_Runner::getParameterString(CXVector * params, int i) {
 
 CMC_Variable * CMC_Runner::run(int id, CMC_Object * object, CMC_ObjectsContainer * scope, CXVector * params) {
     const MethodRow * row = rowOf(id);
-    if (!row) return nullptr;
-    if ((params ? params->size : 0) < row->needed) {
-        noteTooFew(object, *row);
-        return nullptr;
-    }
-    Call call{*this, object, scope, params, *row};
-    return row->handler(call);
+    return row ? run(*row, object, scope, params) : nullptr;
 }
 
 CMC_Variable * CMC_Runner::run(const CXString & name, CMC_Object * object, CMC_ObjectsContainer * scope,
@@ -219,7 +211,7 @@ CMC_Object * Call::named(int i) const {
 bool Call::lacks(int needed) const {
     for (int i = 0; i < needed; i++) {
         if (has(i)) continue;
-        noteTooFew(object, row);
+        CMC_Runner::noteTooFew(object, row);
         return true;
     }
     return false;

@@ -52,17 +52,28 @@ public:
                                CXVector * params);
     virtual int resolveMethod(const CXString & name); // kUnknown for an unknown name; case counts
 
+    // Runs a row of this runner; what run comes to for one who keeps the row.
+    CMC_Variable * run(const MethodRow & row, CMC_Object * object, CMC_ObjectsContainer * scope,
+                       CXVector * params);
+    const MethodRow * rowOf(int id) const { // null for an id that has none
+        return id >= 0 && static_cast<std::size_t>(id) < byId_.size() ? byId_[static_cast<std::size_t>(id)]
+                                                                      : nullptr;
+    }
+
     std::span<const MethodRow> rows() const { return rows_; }
     static std::span<const MethodRow> commonRows(); // ids from 96, valid on every object
 
     // A parameter as a value, by the rules of getParameter.
-    static CMC_Variable * valueOf(CXObject * parameter);
+    static CMC_Variable * valueOf(CXObject * parameter) {
+        auto * object = static_cast<CMC_Object *>(parameter);
+        if (object && types::isValue(object->getType())) return static_cast<CMC_Variable *>(object);
+        return object ? valueOfOther(object) : nullptr;
+    }
+
+    static void noteTooFew(CMC_Object * object, const MethodRow & row);
 
 private:
-    const MethodRow * rowOf(int id) const {
-        return id >= 0 && static_cast<std::size_t>(id) < byId_.size() ? byId_[static_cast<std::size_t>(id)]
-                                                                      : nullptr;
-    }
+    static CMC_Variable * valueOfOther(CMC_Object * object);
 
     std::span<const MethodRow> rows_;
     std::vector<const MethodRow *> byId_;
@@ -85,8 +96,9 @@ struct Call {
         return static_cast<Type *>(object);
     }
     int count() const { return params ? params->size : 0; }
-    bool has(int i) const { return i < count() && params->at(i); }
-    CMC_Variable * value(int i) const { return i < count() ? CMC_Runner::valueOf(params->at(i)) : nullptr; }
+    CXObject * item(int i) const { return i < count() ? params->begin()[i] : nullptr; }
+    bool has(int i) const { return item(i) != nullptr; }
+    CMC_Variable * value(int i) const { return CMC_Runner::valueOf(item(i)); }
     // For a method that needs more on this receiver than its row asks for: whether any of the first
     // parameters is missing or null. The log says so.
     bool lacks(int needed) const;
@@ -115,6 +127,16 @@ struct Call {
         return found && found->getType() == type ? static_cast<Type *>(found) : nullptr;
     }
 };
+
+inline CMC_Variable * CMC_Runner::run(const MethodRow & row, CMC_Object * object,
+                                      CMC_ObjectsContainer * scope, CXVector * params) {
+    if ((params ? params->size : 0) < row.needed) {
+        noteTooFew(object, row);
+        return nullptr;
+    }
+    Call call{*this, object, scope, params, row};
+    return row.handler(call);
+}
 
 // Results: new pool values.
 inline CMC_Variable * result(int value) { return CMC_VariableFactory::integer(value); }

@@ -50,6 +50,7 @@ CMC_Variable * CMC_Variable::convert(int type) {
 }
 
 void CMC_Variable::onChange(bool changed) {
+    if (isQuiet()) return;
     life::Guard guard;
     life::Handle self(this);
     auto value = [this] { return toString(); };

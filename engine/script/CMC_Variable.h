@@ -65,7 +65,10 @@ public:
     void init() override;
     CMC_Runner * getRunner() override;
     SignalList getBehavioursList() override { return kSignals; }
-    int getId() const { return id_; }
+    int getId() const { return id_; } // index in the pool, -1 outside
+    // Of a pool's value: whether it is given out.
+    bool isTaken() const { return taken_; }
+    void setTaken(bool on) { taken_ = on; }
     bool isToIni() const { return toIni_; }
     bool isNetNotify() const { return netNotify_; }
     // Nothing sees a change but the value itself.
@@ -79,10 +82,9 @@ public:
 
     static constexpr int kOnChanged = 3, kOnBrutalChanged = 4, kOnNetChange = 5; // in kSignals
 
-protected:
-    int id_; // index in the pool, -1 outside
-
 private:
+    int id_;
+    bool taken_ = false;
     bool toIni_ = false;
     bool netNotify_ = false;
     bool fromNet_ = false; // a change that came over the network isn't sent back

@@ -113,6 +113,12 @@ CMC_Variable * calculated(Call & call, int op) {
         return nullptr;
     }
     CMC_Variable * variable = receiver(call);
+    if (variable->getType() == types::kInteger && variable->isQuiet()) {
+        // Nobody sees the steps between: the same value without a conversion and a signal's way.
+        auto * number = static_cast<CMC_Integer *>(variable);
+        number->put(CMC_Integer::calculated(number->getValue(), operand->asInteger(), op));
+        return result(number->getValue());
+    }
     CMC_Variable * outcome = variable->calculate(operand, op);
     variable->set(outcome);
     return outcome;

@@ -4,13 +4,16 @@
 
 namespace control {
 
+const CMC_Object * signals[3];
+
 namespace {
 
 // Made at the first use and never deleted: their objects' places must outlive everything that looks at them.
 CMC_Variable * signal(int i) {
     // Their numbers show when a script uses one as a value.
-    static CMC_Integer * const signals[] = {new CMC_Integer(-1), new CMC_Integer(-2), new CMC_Integer(-3)};
-    return signals[i];
+    static CMC_Integer * const made[] = {new CMC_Integer(-1), new CMC_Integer(-2), new CMC_Integer(-3)};
+    signals[i] = made[i];
+    return made[i];
 }
 
 } // namespace
@@ -18,9 +21,5 @@ CMC_Variable * signal(int i) {
 CMC_Variable * breakSignal() { return signal(0); }
 CMC_Variable * oneBreakSignal() { return signal(1); }
 CMC_Variable * continueSignal() { return signal(2); }
-
-bool isSignal(const CMC_Object * result) {
-    return result && (result == signal(0) || result == signal(1) || result == signal(2));
-}
 
 } // namespace control

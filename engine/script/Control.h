@@ -12,6 +12,11 @@ CMC_Variable * breakSignal();    // ends this behaviour, and the caller ends too
 CMC_Variable * oneBreakSignal(); // ends this behaviour
 CMC_Variable * continueSignal(); // ends this behaviour
 
-bool isSignal(const CMC_Object * result);
+// The three as objects; null until the first is asked for.
+extern const CMC_Object * signals[3];
+
+inline bool isSignal(const CMC_Object * result) {
+    return result && (result == signals[0] || result == signals[1] || result == signals[2]);
+}
 
 } // namespace control

@@ -6,6 +6,8 @@
 
 namespace names {
 
+std::uint64_t joins = 0;
+
 namespace {
 
 struct Hash {
@@ -14,15 +16,8 @@ struct Hash {
 };
 
 std::unordered_map<std::string, Record, Hash, std::equal_to<>> records;
-std::uint64_t joins = 0;
 
 } // namespace
-
-std::uint64_t Record::now() const {
-    std::uint64_t sum = joins + version;
-    for (const Record * each = base; each; each = each->base) sum += each->version;
-    return sum;
-}
 
 const Record * record(std::string_view name) {
     auto [place, fresh] = records.try_emplace(std::string(name));

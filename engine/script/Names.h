@@ -10,11 +10,17 @@
 
 namespace names {
 
+extern std::uint64_t joins; // how often scopes were joined differently
+
 struct Record {
     std::uint32_t version = 0;
     const Record * base = nullptr; // of "X" for a name "X_0", which finds X as well
     // Grows with every change that could make the name mean another object.
-    std::uint64_t now() const;
+    std::uint64_t now() const {
+        std::uint64_t sum = joins + version;
+        for (const Record * each = base; each; each = each->base) sum += each->version;
+        return sum;
+    }
 };
 
 const Record * record(std::string_view name); // never null, stays

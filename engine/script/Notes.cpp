@@ -64,7 +64,7 @@ void add(Kind kind, std::string_view what) {
         note.behaviour = behaviour->getName().view();
         if (behaviour->getScene()) note.scope = behaviour->getScene()->getName().view();
         note.statement = place->statement_;
-        note.text = place->text_;
+        if (place->text_) note.text = place->text_->view();
     }
     tell(note);
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 class CMC_Behaviour;
+class CXString;
 
 namespace notes {
 
@@ -51,22 +52,27 @@ Listener listen(Listener listener);
 // The statement that notes are about, while this object lives. Places nest. Costs a few stores.
 class Place {
 public:
-    Place(const CMC_Behaviour * behaviour, int statement, std::string_view text)
-        : behaviour_(behaviour), statement_(statement), text_(text), outer_(current) {
+    explicit Place(const CMC_Behaviour * behaviour) : behaviour_(behaviour), outer_(current) {
         current = this;
+    }
+    Place(const CMC_Behaviour * behaviour, int statement, const CXString & text) : Place(behaviour) {
+        at(statement, text);
     }
     ~Place() { current = outer_; }
     Place(const Place &) = delete;
     Place & operator=(const Place &) = delete;
 
-    static const Place * now() { return current; }
+    void at(int statement, const CXString & text) {
+        statement_ = statement;
+        text_ = &text;
+    }
 
 private:
     friend void add(Kind kind, std::string_view what);
 
     const CMC_Behaviour * behaviour_;
-    int statement_;
-    std::string_view text_; // outlives the place
+    int statement_ = 0;
+    const CXString * text_ = nullptr; // outlives the place
     Place * outer_;
     static Place * current;
 };
