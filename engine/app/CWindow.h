@@ -21,8 +21,10 @@ class CApplication;
 class CCommandLine6;
 class CConfig;
 class CFile;
+class CGraphicsObject;
 class CLanguageOSVer;
 class CMC_Object;
+class CSurface;
 
 using HCURSOR = void *; // a cursor image of the host; null for none
 
@@ -113,6 +115,10 @@ public:
     virtual int getMusicVolume() { return musicVolume_; }
     virtual void setMusicPan(int) {}
     virtual void setMusicFreq(int) {}
+
+    // ---- the display and the collisions come with the screen
+    virtual CSurface * GetSurface() { return nullptr; }
+    virtual void onPositionChanged(CGraphicsObject *) {} // of an object whose collisions are monitored
 
     // ---- what it holds
     HWND getHandle() const { return hwnd_; }
