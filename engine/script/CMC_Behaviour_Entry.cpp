@@ -269,19 +269,19 @@ void CMC_Behaviour_Entry::parseParameter(View text, Statements * statements) {
         CMC_Behaviour * block = makeBlock(scope(), "temp_", blockCode(text));
         blocks_.emplace_back(block);
         made.owned = std::make_unique<CMC_BlockName>(block, kStaticBlock);
-        made.isBlock = true;
+        made.kind = Parameter::Kind::block;
         value = made.owned.get();
         if (has(text, '$')) allStatic_ = false;
     } else if (text[0] == '@' || has(text, '$') || has(text, '^') || text[0] != '&') {
         made.entry = std::make_unique<CMC_Behaviour_Entry>(behaviour_, CXString(text), statements);
-        made.takesArgs = has(text, '$');
+        made.kind = has(text, '$') ? Parameter::Kind::filledEntry : Parameter::Kind::entry;
         allStatic_ = false;
     } else {
         View name = text.substr(1);
         CMC_Object * found = lookUp(name, statements);
         if (found && types::isValue(found->getType())) {
-            made.reference = CXString(name);
-            made.isReference = true;
+            made.kind = Parameter::Kind::reference;
+            made.name = CXString(name);
             made.bound = life::Handle(found);
             hasReferences_ = true;
             value = found;
@@ -350,8 +350,9 @@ CMC_Object * CMC_Behaviour_Entry::run(CMC_Object * self, CXArray * args) {
 }
 
 bool CMC_Behaviour_Entry::referencesStand() const {
-    return std::ranges::all_of(parameters_,
-                               [](const Parameter & each) { return !each.isReference || each.bound.get(); });
+    for (const Parameter & each : parameters_)
+        if (each.kind == Parameter::Kind::reference && !each.bound.get()) return false;
+    return true;
 }
 
 CMC_Object * CMC_Behaviour_Entry::runPlain(CMC_Object *, CXArray * args) {
@@ -409,22 +410,31 @@ CMC_Variable * CMC_Behaviour_Entry::literal() {
 }
 
 void CMC_Behaviour_Entry::fill(CXVector & params, CMC_Object * self, CXArray * args) {
-    for (std::size_t i = 0; i < parameters_.size(); i++) {
-        const Parameter & parameter = parameters_[i];
-        CXObject * value = parameter.owned.get();
-        if (parameter.entry) {
-            value = parameter.takesArgs ? evaluate(fillParams(parameter.entry->line_, args), self, args)
-                                        : parameter.entry->run(self, args);
-        } else if (parameter.isBlock) {
-            CMC_Behaviour * block =
-                args ? static_cast<CMC_BlockName *>(parameter.owned.get())->block() : nullptr;
-            if (block) block->setParams(args);
-        } else if (parameter.isReference) {
-            value = parameter.bound.get();
-            if (!value && scope()) value = scope()->getVariable(parameter.reference); // the first one is gone
-        }
-        params.begin()[i] = value;
+    CXObject ** value = params.begin();
+    for (Parameter & each : parameters_) {
+        CMC_Behaviour_Entry * entry = each.kind == Parameter::Kind::entry ? each.entry.get() : nullptr;
+        if (!entry)
+            *value++ = compute(each, self, args);
+        else
+            *value++ = entry->form_ == Form::plain ? entry->runPlain(self, args) : entry->run(self, args);
     }
+}
+
+CXObject * CMC_Behaviour_Entry::compute(Parameter & parameter, CMC_Object * self, CXArray * args) {
+    switch (parameter.kind) {
+    case Parameter::Kind::fixed: break;
+    case Parameter::Kind::entry: return parameter.entry->run(self, args);
+    case Parameter::Kind::filledEntry: return evaluate(fillParams(parameter.entry->line_, args), self, args);
+    case Parameter::Kind::reference:
+        if (CMC_Object * variable = parameter.bound.get()) return variable;
+        return scope() ? scope()->getVariable(parameter.name) : nullptr; // the first one is gone
+    case Parameter::Kind::block:
+        if (CMC_Behaviour * block =
+                args ? static_cast<CMC_BlockName *>(parameter.owned.get())->block() : nullptr)
+            block->setParams(args);
+        break;
+    }
+    return parameter.owned.get();
 }
 
 // A parameter's text with the arguments in it.
@@ -449,21 +459,27 @@ CMC_Object * CMC_Behaviour_Entry::evaluate(const CXString & text, CMC_Object * s
 }
 
 void CMC_Behaviour_Entry::release(CXVector & params) {
-    for (std::size_t i = 0; i < parameters_.size(); i++) {
-        if (!parameters_[i].entry) continue;
-        auto * value = static_cast<CMC_Object *>(std::exchange(params.begin()[i], nullptr));
+    CXObject ** place = params.begin();
+    for (const Parameter & each : parameters_) {
+        CXObject *& slot = *place++;
+        if (!each.entry) continue;
+        auto * value = static_cast<CMC_Object *>(std::exchange(slot, nullptr));
         if (!value) continue;
-        if (types::isValue(value->getType()) && static_cast<CMC_Variable *>(value)->getId() >= 0) {
-            CMC_Object::flush(value);
-        } else if (value->getType() == types::kExpression) {
-            bool isOurs = !static_cast<CMC_Expression *>(value)->isStill() &&
-                          value != parameters_[i].entry->expression_.get();
-            if (isOurs) delete value;
-        } else if (CMC_BlockName * name = CMC_BlockName::of(value);
-                   name && name->getName() == kRunTimeBlock) {
-            dropBlock(name->block());
-            delete name;
-        }
+        if (types::isValue(value->getType()) && static_cast<CMC_Variable *>(value)->getId() >= 0)
+            static_cast<CMC_Variable *>(value)->setTaken(false);
+        else if (!types::isValue(value->getType()) || static_cast<CMC_Variable *>(value)->getId() != -1)
+            releaseOther(value, each);
+    }
+}
+
+void CMC_Behaviour_Entry::releaseOther(CMC_Object * value, const Parameter & parameter) {
+    if (value->getType() == types::kExpression) {
+        bool isOurs =
+            !static_cast<CMC_Expression *>(value)->isStill() && value != parameter.entry->expression_.get();
+        if (isOurs) delete value;
+    } else if (CMC_BlockName * name = CMC_BlockName::of(value); name && name->getName() == kRunTimeBlock) {
+        dropBlock(name->block());
+        delete name;
     }
 }
 
@@ -528,11 +544,13 @@ CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, C
         meaning_.version = version;
         meaning_.scope = where;
         meaning_.object = where ? where->getObject(objectName_) : nullptr;
-        meaning_.runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
-        meaning_.row =
-            meaning_.runner ? meaning_.runner->rowOf(meaning_.runner->resolveMethod(methodName_)) : nullptr;
+        CMC_Runner * runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
+        if (runner && runner != meaning_.runner)
+            meaning_.row = runner->rowOf(runner->resolveMethod(methodName_));
+        meaning_.runner = runner;
     }
     if (!meaning_.object) return missing(objectName_);
-    if (meaning_.row) return meaning_.runner->run(*meaning_.row, meaning_.object, where, &params);
+    if (meaning_.row && meaning_.runner)
+        return meaning_.runner->run(*meaning_.row, meaning_.object, where, &params);
     return byName(meaning_.object, meaning_.runner, methodName_);
 }

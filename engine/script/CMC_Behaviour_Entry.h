@@ -53,13 +53,14 @@ private:
         Parameter(Parameter &&) noexcept;
         Parameter & operator=(Parameter &&) = delete;
 
-        std::unique_ptr<CMC_Behaviour_Entry> entry; // computes the value at each run; null for a static one
-        std::unique_ptr<CMC_Object> owned;          // the static value, when it is the statement's own
-        CXString reference;                         // "&NAME" of a variable: its name
-        life::Handle bound;                         // and the variable, found when the text was parsed
-        bool isReference = false;
-        bool isBlock = false;
-        bool takesArgs = false; // the entry's text holds a $
+        // fixed: owned. entry: what it gives at each run, with its text's $ filled when filledEntry.
+        // reference:
+        // "&NAME", the variable found when the text was parsed. block: owned, parsed again for arguments.
+        enum class Kind { fixed, entry, filledEntry, reference, block } kind = Kind::fixed;
+        std::unique_ptr<CMC_Behaviour_Entry> entry;
+        std::unique_ptr<CMC_Object> owned;
+        life::Handle bound;
+        CXString name; // of a reference
     };
 
     struct Literal {
@@ -88,34 +89,37 @@ private:
                             CXVector & params);
     CMC_Object * evaluate(const CXString & text, CMC_Object * self, CXArray * args);
     bool referencesStand() const;
+    CXObject * compute(Parameter & parameter, CMC_Object * self, CXArray * args);
     void fill(CXVector & params, CMC_Object * self, CXArray * args);
     void release(CXVector & params);
+    void releaseOther(CMC_Object * value, const Parameter & parameter);
 
     CMC_ObjectsContainer * scope() const { return behaviour_->scene(); }
 
+    // What each run reads comes first.
     CMC_Behaviour * behaviour_; // not owned
-    CXString line_;
     Form form_ = Form::nothing;
-    CXString objectName_;
-    life::Handle object_; // found when the text was parsed
-    CMC_Runner * runner_ = nullptr;
-    const MethodRow * row_ = nullptr; // of the runner; null when the method isn't known yet
-    CXString methodName_;
-    int methodId_ = -1;
-    bool nameHasParam_ = false;
-    bool nameHasField_ = false;
     bool allStatic_ = true;
     bool hasReferences_ = false;
-    bool ownsTemp_ = true;
     bool running_ = false; // paramValues_ is in use
     bool plainHasParam_ = false;
     bool plainHasField_ = false;
+    bool nameHasParam_ = false;
+    bool nameHasField_ = false;
+    bool ownsTemp_ = true;
+    CMC_Runner * runner_ = nullptr;
+    const MethodRow * row_ = nullptr; // of the runner; null when the method isn't known yet
+    life::Handle object_;             // found when the text was parsed
     std::vector<Parameter> parameters_;
-    CXVector paramValues_{4, 0.75F};
-    std::vector<life::Handle> blocks_;           // behaviours made from blocks of this text
-    CXString plainText_;                         // of a plain value or an expression with $
-    std::unique_ptr<CMC_Expression> expression_; // a plain bracket, or the target of an indirect call
-    life::Handle indirectTarget_;
     Meaning meaning_;
     Literal literal_;
+    CXVector paramValues_{4, 0.75F};
+    std::unique_ptr<CMC_Expression> expression_; // a plain bracket, or the target of an indirect call
+    life::Handle indirectTarget_;
+    int methodId_ = -1;
+    CXString line_;
+    CXString objectName_;
+    CXString methodName_;
+    CXString plainText_;               // of a plain value or an expression with $
+    std::vector<life::Handle> blocks_; // behaviours made from blocks of this text
 };

@@ -6,12 +6,11 @@
 #include "script/CMC_Behaviour.h"
 #include "script/CMC_String.h"
 
-#include <typeinfo>
-
 class CMC_BlockName : public CMC_String {
 public:
-    CMC_BlockName(CMC_Behaviour * block, const CXString & name)
-        : CMC_String(block->getName(), name), block_(block) {}
+    CMC_BlockName(CMC_Behaviour * block, const CXString & name) : CMC_String(name, kMark), block_(block) {
+        put(block->getName().view());
+    }
 
     CMC_Behaviour * block() const {
         return static_cast<CMC_Behaviour *>(block_.get());
@@ -19,11 +18,15 @@ public:
 
     // The parameter as one of these, or null.
     static CMC_BlockName * of(CXObject * parameter) {
-        return parameter && typeid(*parameter) == typeid(CMC_BlockName)
-                   ? static_cast<CMC_BlockName *>(parameter)
+        auto * object = static_cast<CMC_Object *>(parameter);
+        bool isText = object && object->getType() == types::kString;
+        return isText && static_cast<CMC_String *>(object)->getId() == kMark
+                   ? static_cast<CMC_BlockName *>(object)
                    : nullptr;
     }
 
 private:
+    static constexpr int kMark = -2; // where a pool's value has its place
+
     life::Handle block_;
 };

@@ -167,7 +167,7 @@ CMC_Variable * CMC_Expression::combined() {
             left = nullptr;
         } else if (isWhole || left->getType() == types::kInteger) {
             if (!isWhole) whole = static_cast<CMC_Integer *>(left)->getValue();
-            whole = CMC_Integer::calculated(whole, right->asInteger(), operators_[i]);
+            whole = CMC_Integer::calculated(whole, right->toInteger(), operators_[i]);
             isWhole = true;
             CMC_Object::flush(left);
             left = nullptr;

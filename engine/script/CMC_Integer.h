@@ -54,3 +54,7 @@ private:
     int value_ = 0;
     int defaultValue_ = 0;
 };
+
+inline int CMC_Variable::toInteger() {
+    return getType() == types::kInteger ? static_cast<CMC_Integer *>(this)->getValue() : asInteger();
+}

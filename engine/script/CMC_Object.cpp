@@ -9,6 +9,7 @@
 #include "script/CMProperty.h"
 #include "script/Notes.h"
 
+#include <cassert>
 #include <utility>
 
 namespace {
@@ -41,7 +42,7 @@ private:
 CMC_Object::CMC_Object(const CXString & name, int type) : name_(name), type_(type) {}
 
 CMC_Object::CMC_Object(CMC_ObjectsContainer * scope, CMElement * element, int type)
-    : name_(element ? element->getName() : CXString()), type_(type), scene_(scope) {}
+    : name_(element ? element->getName() : CXString()), scene_(scope), type_(type) {}
 
 CMC_Object::~CMC_Object() {
     flushBehList();
@@ -76,10 +77,7 @@ void CMC_Object::clone(CMC_Object * target) {
     target->scene_ = scene_;
     target->name_ = getCloneName();
     target->signalNames_ = signalNames_;
-    target->signalsNo_ = signalsNo_;
-    delete[] target->signalFlags_;
-    target->signalFlags_ = signalFlags_ ? new bool[static_cast<std::size_t>(signalsNo_)] : nullptr;
-    if (signalFlags_) std::copy_n(signalFlags_, signalsNo_, target->signalFlags_);
+    target->boundSignals_ = boundSignals_;
     target->qualified_ = qualified_;
     if (CXVector * keys = behaviours_ ? behaviours_->getKeys() : nullptr) {
         target->releaseBindings();
@@ -121,17 +119,14 @@ void CMC_Object::initializeBehaviours(CMC_ObjectsContainer * scope, CMElement * 
     tmpBehList_ = new CXVector(101, 0.75F);
     if (signalNames_.empty()) signalNames_ = getBehavioursList();
     if (signalNames_.empty()) return;
-    if (!signalFlags_) {
-        signalsNo_ = static_cast<int>(signalNames_.size());
-        signalFlags_ = new bool[signalNames_.size()]();
-    }
+    assert(signalNames_.size() <= 64);
     if (!element || !scope) return;
     CMProperties * properties = element->getProperties();
     for (int p = 0; p < properties->size; p++) {
         auto * property = static_cast<CMProperty *>(properties->at(p));
         const CXString key = property->getName();
-        for (int i = 0; i < signalsNo_; i++) {
-            if (!key.view().starts_with(signalNames_[static_cast<std::size_t>(i)])) continue;
+        for (std::size_t i = 0; i < signalNames_.size(); i++) {
+            if (!key.view().starts_with(signalNames_[i])) continue;
             if (!property->getValue().IsString()) continue;
             CMC_Behaviour * behaviour = nullptr;
             CXArray * params = nullptr;
@@ -167,7 +162,7 @@ void CMC_Object::initializeBehaviours(CMC_ObjectsContainer * scope, CMElement * 
                 continue;
             }
             addBehaviour(key, behaviour, params, scope);
-            if (signalFlags_) signalFlags_[i] = true;
+            boundSignals_ |= signalBit(static_cast<int>(i));
         }
     }
 }
@@ -180,7 +175,8 @@ void CMC_Object::addBehaviour(const CXString & signal, CMC_Behaviour * behaviour
     }
     if (!behaviours_) behaviours_ = new CHashtable(101, 0.75, true);
     if (overrideSignals_) removeBehaviourForce(signal);
-    if (int i = getSignalIndex(signal); i >= 0 && i < signalsNo_) signalFlags_[i] = true;
+    if (int i = getSignalIndex(signal); i >= 0) boundSignals_ |= signalBit(i);
+    bindingChanges_++;
     CXVector * bindings = getBehaviour(signal);
     if (!bindings) {
         bindings = new CXVector(101, 0.75F);
@@ -203,6 +199,7 @@ void CMC_Object::drop(CXVector * bindings, CMC_ObjectsContainer * onlyOf) {
         auto * binding = static_cast<CXTriple *>(bindings->at(i));
         if (onlyOf && binding->getThird() != onlyOf) continue;
         bindings->removeAt(i);
+        bindingChanges_++;
         releaseBinding(binding);
     }
 }
@@ -216,6 +213,7 @@ void CMC_Object::removeBehaviourForce(const CXString & signal) { drop(getBehavio
 void CMC_Object::releaseBindings() {
     CHashtable * table = std::exchange(behaviours_, nullptr);
     if (!table) return;
+    bindingChanges_++;
     CXVector * lists = table->getElements();
     for (CXObject * each : *lists) {
         drop(static_cast<CXVector *>(each), nullptr);
@@ -229,13 +227,12 @@ void CMC_Object::removeAllBehaviours() {
     signalNames_ = {};
     releaseBindings();
     delete std::exchange(tmpBehList_, nullptr);
-    std::fill_n(signalFlags_, signalFlags_ ? signalsNo_ : 0, false);
+    boundSignals_ = 0;
 }
 
 void CMC_Object::flushBehList() {
     signalNames_ = {};
-    delete[] std::exchange(signalFlags_, nullptr);
-    signalsNo_ = 0;
+    boundSignals_ = 0;
 }
 
 CXVector * CMC_Object::getBehaviour(const CXString & signal) {
@@ -255,11 +252,14 @@ bool CMC_Object::onSignal(const CXString & signal) {
     CXVector * bindings = getBehaviour(signal);
     if (!bindings || bindings->size == 0) return false;
     life::Guard guard;
-    // A behaviour may bind and unbind, even this very signal: the list is asked for anew at each step.
+    // A behaviour may bind and unbind, even this very signal: then the list is asked for anew.
+    std::uint32_t changes = bindingChanges_;
     for (int i = 0; bindings && i < bindings->size; i++) {
-        auto * binding = static_cast<Binding *>(bindings->at(i));
+        auto * binding = static_cast<Binding *>(bindings->begin()[i]);
         if (CMC_Behaviour * behaviour = binding->behaviour())
             behaviour->run(this, static_cast<CXArray *>(binding->getSecond()), true);
+        if (changes == bindingChanges_) continue;
+        changes = bindingChanges_;
         bindings = getBehaviour(signal);
     }
     return true;
@@ -297,6 +297,7 @@ void CMC_Object::onSceneDone(CMC_ObjectsContainer * scope) {
         drop(bindings, scope);
         if (bindings->size > 0) continue;
         behaviours_->remove(each, bindings);
+        bindingChanges_++;
         delete bindings;
     }
     delete keys;

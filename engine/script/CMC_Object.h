@@ -10,6 +10,7 @@
 #include "script/Lifetime.h"
 #include "script/Types.h"
 
+#include <cstdint>
 #include <span>
 
 class CMC_Behaviour;
@@ -85,13 +86,15 @@ public:
     void setAsTemporary() { isTemporary_ = true; }
     void overideSignals(bool on) { overrideSignals_ = on; }
     int getSignalIndex(const CXString & signal) const; // without its qualifier, exactly; or -1
-    bool isSignalBound(int index) const { return index >= 0 && index < signalsNo_ && signalFlags_[index]; }
+    bool isSignalBound(int index) const { return index >= 0 && (boundSignals_ & signalBit(index)) != 0; }
+    bool isAnyBound(std::uint64_t bits) const { return (boundSignals_ & bits) != 0; }
+    static constexpr std::uint64_t signalBit(int index) { return std::uint64_t{1} << index; }
     // Raises "SIGNAL^QUALIFIER", and when nothing is bound to that, "SIGNAL". The qualifier's text is only
     // made when some binding of this object has one.
     template <class Qualifier>
-    bool onQualifiedSignal(const char * signal, Qualifier && qualifier) {
-        if (qualified_ && onSignal(CXString(signal) + "^" + qualifier())) return true;
-        return onSignal(CXString(signal));
+    bool onQualifiedSignal(const CXString & signal, Qualifier && qualifier) {
+        if (qualified_ && onSignal(signal + "^" + qualifier())) return true;
+        return onSignal(signal);
     }
 
     life::Slot & slot() { return slot_; }
@@ -107,7 +110,6 @@ protected:
     void runFirstBinding(const CXString & signal);
 
     CXString name_;
-    int type_;
     CMC_ObjectsContainer * scene_ = nullptr;
 
 private:
@@ -121,11 +123,14 @@ private:
     bool overrideSignals_ = true;
     bool qualified_ = false; // some binding's text has a qualifier
     SignalList signalNames_;
-    bool * signalFlags_ = nullptr; // owned, signalsNo_ of them: something is bound
-    int signalsNo_ = 0;
+    std::uint64_t boundSignals_ = 0; // a bit for each signal's place: something is bound
+    std::uint32_t bindingChanges_ = 0;
     CHashtable * behaviours_ =
         nullptr;                      // signal text to CXVector of CXTriple (behaviour, params, scope); owned
     CXVector * tmpBehList_ = nullptr; // owned
     CMC_Class * classObject_ = nullptr;
     int clonesNo_ = 0;
+
+protected:
+    int type_; // last, beside what a value adds: of a pool's value nothing else is looked at
 };

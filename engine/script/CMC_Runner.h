@@ -104,7 +104,7 @@ struct Call {
     bool lacks(int needed) const;
     int integer(int i, int missing = 0) const {
         CMC_Variable * v = value(i);
-        return v ? v->asInteger() : missing;
+        return v ? v->toInteger() : missing;
     }
     double number(int i, double missing = 0.0) const {
         CMC_Variable * v = value(i);

@@ -20,19 +20,22 @@
 
 #include <initializer_list>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace {
 
 std::vector<std::unique_ptr<CMC_Runner>> runners;
-std::unordered_map<int, CMC_Runner *> byType;
+std::vector<CMC_Runner *> byType; // null for a type without one
 
 template <class Runner>
 void add(std::initializer_list<int> ids) {
     runners.push_back(std::make_unique<Runner>());
     runners.back()->prepareMthHashSet();
-    for (int id : ids) byType[id] = runners.back().get();
+    for (int id : ids) {
+        auto place = static_cast<std::size_t>(id);
+        if (byType.size() <= place) byType.resize(place + 1);
+        byType[place] = runners.back().get();
+    }
 }
 
 } // namespace
@@ -64,6 +67,6 @@ void CMC_RunnerFactory::done() {
 }
 
 CMC_Runner * CMC_RunnerFactory::getRunner(int type) {
-    auto place = byType.find(type);
-    return place == byType.end() ? nullptr : place->second;
+    auto place = static_cast<std::size_t>(type);
+    return type >= 0 && place < byType.size() ? byType[place] : nullptr;
 }

@@ -17,6 +17,8 @@ const char * const CMC_Variable::kKeys[5] = {"TYPE", "VALUE", "DEFAULT", "TOINI"
 
 namespace {
 
+const CXString kChanged("ONCHANGED"), kBrutalChanged("ONBRUTALCHANGED");
+
 CConfig * settings(CMC_Variable * variable) {
     CMC_ObjectsContainer * scope = variable->getScene();
     CConfig * config = scope ? scope->getConfig() : nullptr;
@@ -54,9 +56,9 @@ void CMC_Variable::onChange(bool changed) {
     life::Guard guard;
     life::Handle self(this);
     auto value = [this] { return toString(); };
-    if (isSignalBound(kOnBrutalChanged)) onQualifiedSignal("ONBRUTALCHANGED", value);
+    if (isSignalBound(kOnBrutalChanged)) onQualifiedSignal(kBrutalChanged, value);
     if (!changed || !self.get()) return;
-    if (isSignalBound(kOnChanged)) onQualifiedSignal("ONCHANGED", value);
+    if (isSignalBound(kOnChanged)) onQualifiedSignal(kChanged, value);
     if (!self.get()) return;
     if (toIni_)
         if (CConfig * config = settings(this))

@@ -23,12 +23,16 @@ Value * handedBack(Value * value) {
     return value;
 }
 
-// Whom the method acts on. Never null; for an expression a value that nobody keeps.
-CMC_Variable * receiver(const Call & call) {
-    auto * variable = call.self<CMC_Variable>();
-    if (variable->getType() != types::kExpression) return variable;
-    CMC_Variable * copy = CMC_VariableFactory::copyVariable(CMC_Runner::valueOf(variable));
+// A value that nobody keeps, for an expression that a method acts on.
+CMC_Variable * standIn(CMC_Variable * expression) {
+    CMC_Variable * copy = CMC_VariableFactory::copyVariable(CMC_Runner::valueOf(expression));
     return handedBack(copy ? copy : CMC_VariableFactory::string(std::string_view()));
+}
+
+// Whom the method acts on. Never null.
+inline CMC_Variable * receiver(const Call & call) {
+    auto * variable = call.self<CMC_Variable>();
+    return variable->getType() == types::kExpression ? standIn(variable) : variable;
 }
 
 // The receiver takes the value, as far as its type can hold it; no ONCHANGED. The value stays the caller's.
@@ -116,7 +120,7 @@ CMC_Variable * calculated(Call & call, int op) {
     if (variable->getType() == types::kInteger && variable->isQuiet()) {
         // Nobody sees the steps between: the same value without a conversion and a signal's way.
         auto * number = static_cast<CMC_Integer *>(variable);
-        number->put(CMC_Integer::calculated(number->getValue(), operand->asInteger(), op));
+        number->put(CMC_Integer::calculated(number->getValue(), operand->toInteger(), op));
         return result(number->getValue());
     }
     CMC_Variable * outcome = variable->calculate(operand, op);

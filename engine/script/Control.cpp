@@ -2,17 +2,21 @@
 
 #include "script/CMC_Integer.h"
 
+#include <new>
+
 namespace control {
 
-const CMC_Object * signals[3];
+alignas(CMC_Integer) char area[kArea];
 
 namespace {
 
 // Made at the first use and never deleted: their objects' places must outlive everything that looks at them.
-CMC_Variable * signal(int i) {
+CMC_Variable * signal(std::size_t i) {
+    constexpr std::size_t kRoom = kArea / 3 / alignof(CMC_Integer) * alignof(CMC_Integer);
+    static_assert(sizeof(CMC_Integer) <= kRoom);
+    auto make = [](std::size_t at, int value) { return new (area + at * kRoom) CMC_Integer(value); };
     // Their numbers show when a script uses one as a value.
-    static CMC_Integer * const made[] = {new CMC_Integer(-1), new CMC_Integer(-2), new CMC_Integer(-3)};
-    signals[i] = made[i];
+    static CMC_Integer * const made[] = {make(0, -1), make(1, -2), make(2, -3)};
     return made[i];
 }
 
