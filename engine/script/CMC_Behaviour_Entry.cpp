@@ -324,23 +324,22 @@ CXString CMC_Behaviour_Entry::fillParams(const CXString & text, CXArray * args) 
     return CXString(View(filled));
 }
 
+// Most statements call a method that is known, on a target that is there, with values that stand. What else
+// there is has functions of its own, so that these need no room for it.
 CMC_Object * CMC_Behaviour_Entry::run(CMC_Object * self, CXArray * args) {
+    if (row_ && allStatic_ && (!hasReferences_ || referencesStand()))
+        if (CMC_Object * object = target()) return runner_->run(*row_, object, scope(), &paramValues_);
+    return runOther(self, args);
+}
+
+CMC_Object * CMC_Behaviour_Entry::runOther(CMC_Object * self, CXArray * args) {
     switch (form_) {
     case Form::nothing: return nullptr;
-    case Form::plain: return runPlain(self, args);
+    case Form::plain: return runPlain(args);
     case Form::expression: return expression_ ? expression_.get() : substituted(args);
     default: break;
     }
-    if (allStatic_ && (!hasReferences_ || referencesStand())) return call(self, args, paramValues_);
-    // The same statement may run inside itself: the inner run then has a list of its own.
-    if (running_) {
-        CXVector params(std::max(paramValues_.size * 2, 4), 0.75F);
-        for (std::size_t i = 0; i < parameters_.size(); i++) params.add(parameters_[i].owned.get());
-        fill(params, self, args);
-        CMC_Object * result = call(self, args, params);
-        release(params);
-        return result;
-    }
+    if (running_) return runInside(self, args);
     running_ = true;
     fill(paramValues_, self, args);
     CMC_Object * result = call(self, args, paramValues_);
@@ -349,26 +348,45 @@ CMC_Object * CMC_Behaviour_Entry::run(CMC_Object * self, CXArray * args) {
     return result;
 }
 
+// The same statement may run inside itself: the inner run has a list of its own.
+CMC_Object * CMC_Behaviour_Entry::runInside(CMC_Object * self, CXArray * args) {
+    CXVector params(std::max(paramValues_.size * 2, 4), 0.75F);
+    for (const Parameter & each : parameters_) params.add(each.owned.get());
+    fill(params, self, args);
+    CMC_Object * result = call(self, args, params);
+    release(params);
+    return result;
+}
+
+// Of a statement with a row: null when it is gone.
+inline CMC_Object * CMC_Behaviour_Entry::target() const {
+    return form_ == Form::builtIn ? behaviour_ : object_.get();
+}
+
 bool CMC_Behaviour_Entry::referencesStand() const {
     for (const Parameter & each : parameters_)
         if (each.kind == Parameter::Kind::reference && !each.bound.get()) return false;
     return true;
 }
 
-CMC_Object * CMC_Behaviour_Entry::runPlain(CMC_Object *, CXArray * args) {
+inline CMC_Object * CMC_Behaviour_Entry::runPlain(CXArray * args) {
     if (CMC_Object * bound = object_.get()) return bound;
+    bool stands = meaning_.record && meaning_.version == meaning_.record->now() && meaning_.scope == scope();
+    if (!stands) return lookUpPlain(args);
+    if (meaning_.object) return meaning_.object;
+    return literal_.type == types::kInteger ? CMC_VariableFactory::integer(literal_.integer) : literal();
+}
+
+CMC_Object * CMC_Behaviour_Entry::lookUpPlain(CXArray * args) {
     if (plainHasParam_) return substituted(args);
     if (plainHasField_) {
         if (CMC_Object * field = lookUpCall(plainText_.view(), nullptr)) return field;
         return literal();
     }
-    if (!meaning_.record) meaning_.record = names::record(plainText_.view());
-    std::uint64_t version = meaning_.record->now();
-    if (version != meaning_.version || meaning_.scope != scope()) {
-        meaning_.version = version;
-        meaning_.scope = scope();
-        meaning_.object = meaning_.scope ? meaning_.scope->getVariable(plainText_.view()) : nullptr;
-    }
+    meaning_.record = names::record(plainText_.view());
+    meaning_.version = meaning_.record->now();
+    meaning_.scope = scope();
+    meaning_.object = meaning_.scope ? meaning_.scope->getVariable(plainText_.view()) : nullptr;
     return meaning_.object ? meaning_.object : literal();
 }
 
@@ -416,7 +434,7 @@ void CMC_Behaviour_Entry::fill(CXVector & params, CMC_Object * self, CXArray * a
         if (!entry)
             *value++ = compute(each, self, args);
         else
-            *value++ = entry->form_ == Form::plain ? entry->runPlain(self, args) : entry->run(self, args);
+            *value++ = entry->form_ == Form::plain ? entry->runPlain(args) : entry->run(self, args);
     }
 }
 
@@ -489,10 +507,8 @@ CMC_Object * CMC_Behaviour_Entry::callByName(CMC_Object * object, CMC_Runner * r
 }
 
 CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVector & params) {
-    if (row_) { // most statements
-        CMC_Object * object = form_ == Form::builtIn ? behaviour_ : object_.get();
-        if (object) return runner_->run(*row_, object, scope(), &params);
-    }
+    if (row_)
+        if (CMC_Object * object = target()) return runner_->run(*row_, object, scope(), &params);
     return callFound(self, args, params);
 }
 

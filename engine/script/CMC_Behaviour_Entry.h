@@ -80,7 +80,11 @@ private:
 
     CMC_Object * lookUp(std::string_view name, Statements * statements);
     CMC_Object * lookUpCall(std::string_view name, Statements * statements);
-    CMC_Object * runPlain(CMC_Object * self, CXArray * args);
+    CMC_Object * runOther(CMC_Object * self, CXArray * args);
+    CMC_Object * runInside(CMC_Object * self, CXArray * args);
+    CMC_Object * target() const;
+    CMC_Object * runPlain(CXArray * args);
+    CMC_Object * lookUpPlain(CXArray * args);
     CMC_Object * substituted(CXArray * args);
     CMC_Variable * literal();
     CMC_Object * call(CMC_Object * self, CXArray * args, CXVector & params);

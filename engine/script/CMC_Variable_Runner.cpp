@@ -109,31 +109,35 @@ CMC_Variable * dec(Call & call) {
     return nullptr;
 }
 
-// The receiver takes what comes out of the operator; that value is the caller's, null without an operand.
-CMC_Variable * calculated(Call & call, int op) {
+CMC_Variable * calculatedOther(Call & call, int op) {
     CMC_Variable * operand = call.value(0);
     if (!operand) {
         call.lacks(1);
         return nullptr;
     }
     CMC_Variable * variable = receiver(call);
-    if (variable->getType() == types::kInteger && variable->isQuiet()) {
-        // Nobody sees the steps between: the same value without a conversion and a signal's way.
-        auto * number = static_cast<CMC_Integer *>(variable);
-        number->put(CMC_Integer::calculated(number->getValue(), operand->toInteger(), op));
-        return result(number->getValue());
-    }
     CMC_Variable * outcome = variable->calculate(operand, op);
     variable->set(outcome);
     return outcome;
 }
 
-CMC_Variable * add(Call & call) { return calculated(call, op::kAdd); }
+// The receiver takes what comes out of the operator; that value is the caller's, null without an operand.
+template <int Op>
+CMC_Variable * calculated(Call & call) {
+    auto * number = call.self<CMC_Integer>();
+    auto * operand = static_cast<CMC_Integer *>(call.item(0));
+    bool whole = number->getType() == types::kInteger && operand && operand->getType() == types::kInteger;
+    if (!whole || !number->isQuiet()) return calculatedOther(call, Op);
+    // Nobody sees the steps between: the same value without a conversion and a signal's way.
+    int value = CMC_Integer::calculated(number->getValue(), operand->getValue(), Op);
+    number->put(value);
+    return result(value);
+}
 
 CMC_Variable * sub(Call & call) {
     CMC_Variable * variable = receiver(call);
     if (variable->getType() != types::kString) {
-        CMC_VariableFactory::free(calculated(call, op::kSub));
+        CMC_VariableFactory::free(calculated<op::kSub>(call));
     } else if (!call.lacks(2)) {
         CXString text = variable->asString();
         int start = call.integer(0);
@@ -147,7 +151,7 @@ CMC_Variable * sub(Call & call) {
 
 template <int Op>
 CMC_Variable * calculate(Call & call) {
-    CMC_VariableFactory::free(calculated(call, Op));
+    CMC_VariableFactory::free(calculated<Op>(call));
     return nullptr;
 }
 
@@ -348,7 +352,7 @@ constexpr MethodRow kRows[] = {
     {4, "CLEAR", "", 0, clear},
     {5, "INC", "", 0, inc},
     {6, "DEC", "", 0, dec},
-    {7, "ADD", "x", 1, add},
+    {7, "ADD", "x", 1, calculated<op::kAdd>},
     {8, "SUB", "x, or (a text:) start, count", 1, sub},
     {9, "MUL", "x", 1, calculate<op::kMul>},
     {10, "DIV", "x", 1, calculate<op::kDiv>},
