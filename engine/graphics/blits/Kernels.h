@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace blits {
 
@@ -32,8 +33,8 @@ struct Kernels {
 };
 
 extern const Kernels kPlain;
-const Kernels & best();            // the fastest that this processor runs
-const Kernels & inUse();           // best(), or what was set
-void use(const Kernels * kernels); // for tests and benchmarks; null for best()
+std::vector<const Kernels *> all(); // what this processor runs, the fastest last
+const Kernels & inUse();            // the fastest, or what was set
+void use(const Kernels * kernels);  // for tests and benchmarks; null for the fastest
 
 } // namespace blits
