@@ -146,7 +146,6 @@ void statements() {
     t.ratio(change, hook, 0.85);
     t.ratio(iff, branch, 0.4);
     t.ratio(made, local, 0.08);
-    t.ratio(bracket, add, 1.0);
     lua_close(lua);
 }
 

@@ -271,19 +271,17 @@ void CMC_Behaviour_Entry::parseParameter(View text, Statements * statements) {
         made.owned = std::make_unique<CMC_BlockName>(block, kStaticBlock);
         made.kind = Parameter::Kind::block;
         value = made.owned.get();
-        if (has(text, '$')) allStatic_ = false;
+        made.takesArgs = has(text, '$');
     } else if (text[0] == '@' || has(text, '$') || has(text, '^') || text[0] != '&') {
         made.entry = std::make_unique<CMC_Behaviour_Entry>(behaviour_, CXString(text), statements);
-        made.kind = has(text, '$') ? Parameter::Kind::filledEntry : Parameter::Kind::entry;
-        allStatic_ = false;
+        made.kind = has(text, '$') ? Parameter::Kind::filled : Parameter::Kind::computed;
     } else {
         View name = text.substr(1);
         CMC_Object * found = lookUp(name, statements);
         if (found && types::isValue(found->getType())) {
-            made.kind = Parameter::Kind::reference;
+            made.kind = Parameter::Kind::bound;
+            made.object = life::Handle(found);
             made.name = CXString(name);
-            made.bound = life::Handle(found);
-            hasReferences_ = true;
             value = found;
         } else {
             // A literal is kept as a value of its own: a pool would take it back.
@@ -325,11 +323,25 @@ CXString CMC_Behaviour_Entry::fillParams(const CXString & text, CXArray * args) 
 }
 
 // Most statements call a method that is known, on a target that is there, with values that stand. What else
-// there is has functions of its own, so that these need no room for it.
+// there is has functions of its own, so that this one needs no room for it.
 CMC_Object * CMC_Behaviour_Entry::run(CMC_Object * self, CXArray * args) {
-    if (row_ && allStatic_ && (!hasReferences_ || referencesStand()))
+    if (row_ && ready(args))
         if (CMC_Object * object = target()) return runner_->run(*row_, object, scope(), &paramValues_);
     return runOther(self, args);
+}
+
+// Whether the list of values holds what it would be filled with now.
+inline bool CMC_Behaviour_Entry::ready(const CXArray * args) const {
+    using Kind = Parameter::Kind;
+    for (const Parameter & each : parameters_) {
+        bool stands = each.kind == Kind::standing
+                          ? each.version == each.record->now() && each.scope == scope()
+                      : each.kind == Kind::bound ? each.object.get() != nullptr
+                      : each.kind == Kind::block ? !args || !each.takesArgs
+                                                 : each.kind == Kind::fixed;
+        if (!stands) return false;
+    }
+    return true;
 }
 
 CMC_Object * CMC_Behaviour_Entry::runOther(CMC_Object * self, CXArray * args) {
@@ -339,6 +351,7 @@ CMC_Object * CMC_Behaviour_Entry::runOther(CMC_Object * self, CXArray * args) {
     case Form::expression: return expression_ ? expression_.get() : substituted(args);
     default: break;
     }
+    if (ready(args)) return call(self, args, paramValues_);
     if (running_) return runInside(self, args);
     running_ = true;
     fill(paramValues_, self, args);
@@ -361,12 +374,6 @@ CMC_Object * CMC_Behaviour_Entry::runInside(CMC_Object * self, CXArray * args) {
 // Of a statement with a row: null when it is gone.
 inline CMC_Object * CMC_Behaviour_Entry::target() const {
     return form_ == Form::builtIn ? behaviour_ : object_.get();
-}
-
-bool CMC_Behaviour_Entry::referencesStand() const {
-    for (const Parameter & each : parameters_)
-        if (each.kind == Parameter::Kind::reference && !each.bound.get()) return false;
-    return true;
 }
 
 inline CMC_Object * CMC_Behaviour_Entry::runPlain(CXArray * args) {
@@ -430,7 +437,7 @@ CMC_Variable * CMC_Behaviour_Entry::literal() {
 void CMC_Behaviour_Entry::fill(CXVector & params, CMC_Object * self, CXArray * args) {
     CXObject ** value = params.begin();
     for (Parameter & each : parameters_) {
-        CMC_Behaviour_Entry * entry = each.kind == Parameter::Kind::entry ? each.entry.get() : nullptr;
+        CMC_Behaviour_Entry * entry = each.kind == Parameter::Kind::filled ? nullptr : each.entry.get();
         if (!entry)
             *value++ = compute(each, self, args);
         else
@@ -440,17 +447,16 @@ void CMC_Behaviour_Entry::fill(CXVector & params, CMC_Object * self, CXArray * a
 
 CXObject * CMC_Behaviour_Entry::compute(Parameter & parameter, CMC_Object * self, CXArray * args) {
     switch (parameter.kind) {
-    case Parameter::Kind::fixed: break;
-    case Parameter::Kind::entry: return parameter.entry->run(self, args);
-    case Parameter::Kind::filledEntry: return evaluate(fillParams(parameter.entry->line_, args), self, args);
-    case Parameter::Kind::reference:
-        if (CMC_Object * variable = parameter.bound.get()) return variable;
+    case Parameter::Kind::filled: return evaluate(fillParams(parameter.entry->line_, args), self, args);
+    case Parameter::Kind::bound:
+        if (CMC_Object * variable = parameter.object.get()) return variable;
         return scope() ? scope()->getVariable(parameter.name) : nullptr; // the first one is gone
     case Parameter::Kind::block:
         if (CMC_Behaviour * block =
                 args ? static_cast<CMC_BlockName *>(parameter.owned.get())->block() : nullptr)
             block->setParams(args);
         break;
+    default: break;
     }
     return parameter.owned.get();
 }
@@ -478,16 +484,42 @@ CMC_Object * CMC_Behaviour_Entry::evaluate(const CXString & text, CMC_Object * s
 
 void CMC_Behaviour_Entry::release(CXVector & params) {
     CXObject ** place = params.begin();
-    for (const Parameter & each : parameters_) {
+    for (Parameter & each : parameters_) {
         CXObject *& slot = *place++;
         if (!each.entry) continue;
         auto * value = static_cast<CMC_Object *>(std::exchange(slot, nullptr));
-        if (!value) continue;
-        if (types::isValue(value->getType()) && static_cast<CMC_Variable *>(value)->getId() >= 0)
+        if (value && types::isValue(value->getType()) && static_cast<CMC_Variable *>(value)->getId() >= 0)
             static_cast<CMC_Variable *>(value)->setTaken(false);
-        else if (!types::isValue(value->getType()) || static_cast<CMC_Variable *>(value)->getId() != -1)
+        else if (value)
             releaseOther(value, each);
+        if (each.entry->form_ == Form::plain && each.kind != Parameter::Kind::filled) slot = settle(each);
     }
+}
+
+// A bare word that gave a named object, or is a literal: that is its value until its name means another. Null
+// when it has to be computed again.
+CXObject * CMC_Behaviour_Entry::settle(Parameter & parameter) {
+    const CMC_Behaviour_Entry & word = *parameter.entry;
+    if (CMC_Object * object = word.object_.get()) {
+        parameter.kind = Parameter::Kind::bound;
+        parameter.object = word.object_;
+        return object;
+    }
+    parameter.kind = Parameter::Kind::computed;
+    const Meaning & meaning = word.meaning_;
+    if (!meaning.record || meaning.version != meaning.record->now() || meaning.scope != scope())
+        return nullptr;
+    parameter.kind = Parameter::Kind::standing;
+    parameter.record = meaning.record;
+    parameter.version = meaning.version;
+    parameter.scope = meaning.scope;
+    if (meaning.object) return meaning.object;
+    if (!parameter.owned) {
+        CMC_Variable * literal = parameter.entry->literal();
+        parameter.owned.reset(literal->clone());
+        CMC_Object::flush(literal);
+    }
+    return parameter.owned.get();
 }
 
 void CMC_Behaviour_Entry::releaseOther(CMC_Object * value, const Parameter & parameter) {
@@ -509,7 +541,31 @@ CMC_Object * CMC_Behaviour_Entry::callByName(CMC_Object * object, CMC_Runner * r
 CMC_Object * CMC_Behaviour_Entry::call(CMC_Object * self, CXArray * args, CXVector & params) {
     if (row_)
         if (CMC_Object * object = target()) return runner_->run(*row_, object, scope(), &params);
+    if (form_ == Form::call && !nameHasParam_ && !nameHasField_ && !object_.get()) return callLate(params);
     return callFound(self, args, params);
+}
+
+// A call whose target wasn't there when the text was parsed, a local variable mostly.
+CMC_Object * CMC_Behaviour_Entry::callLate(CXVector & params) {
+    if (!meaning_.record) meaning_.record = names::record(objectName_.view());
+    std::uint64_t version = meaning_.record->now();
+    CMC_ObjectsContainer * where = scope();
+    if (version != meaning_.version || meaning_.scope != where) {
+        meaning_.version = version;
+        meaning_.scope = where;
+        meaning_.object = where ? where->getObject(*meaning_.record) : nullptr;
+        CMC_Runner * runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
+        if (runner && runner != meaning_.runner)
+            meaning_.row = runner->rowOf(runner->resolveMethod(methodName_));
+        meaning_.runner = runner;
+    }
+    if (!meaning_.object) {
+        notes::add(notes::Kind::unknownObject, objectName_.view());
+        return nullptr;
+    }
+    if (meaning_.row && meaning_.runner)
+        return meaning_.runner->run(*meaning_.row, meaning_.object, where, &params);
+    return callByName(meaning_.object, meaning_.runner, methodName_, params);
 }
 
 // A call whose target or method has to be found first.
@@ -550,23 +606,6 @@ CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, C
         return byName(target, runnerOf(target), fillParams(methodName_, args));
     }
     if (CMC_Object * bound = object_.get(); bound && runner_) return byName(bound, runner_, methodName_);
-    if (nameHasField_) {
-        CMC_Object * target = lookUpCall(objectName_.view(), nullptr);
-        return target ? byName(target, runnerOf(target), methodName_) : missing(objectName_);
-    }
-    if (!meaning_.record) meaning_.record = names::record(objectName_.view());
-    std::uint64_t version = meaning_.record->now();
-    if (version != meaning_.version || meaning_.scope != where) {
-        meaning_.version = version;
-        meaning_.scope = where;
-        meaning_.object = where ? where->getObject(objectName_) : nullptr;
-        CMC_Runner * runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
-        if (runner && runner != meaning_.runner)
-            meaning_.row = runner->rowOf(runner->resolveMethod(methodName_));
-        meaning_.runner = runner;
-    }
-    if (!meaning_.object) return missing(objectName_);
-    if (meaning_.row && meaning_.runner)
-        return meaning_.runner->run(*meaning_.row, meaning_.object, where, &params);
-    return byName(meaning_.object, meaning_.runner, methodName_);
+    CMC_Object * target = lookUpCall(objectName_.view(), nullptr);
+    return target ? byName(target, runnerOf(target), methodName_) : missing(objectName_);
 }

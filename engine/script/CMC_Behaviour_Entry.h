@@ -53,14 +53,19 @@ private:
         Parameter(Parameter &&) noexcept;
         Parameter & operator=(Parameter &&) = delete;
 
-        // fixed: owned. entry: what it gives at each run, with its text's $ filled when filledEntry.
-        // reference:
-        // "&NAME", the variable found when the text was parsed. block: owned, parsed again for arguments.
-        enum class Kind { fixed, entry, filledEntry, reference, block } kind = Kind::fixed;
-        std::unique_ptr<CMC_Behaviour_Entry> entry;
-        std::unique_ptr<CMC_Object> owned;
-        life::Handle bound;
-        CXString name; // of a reference
+        // How the value in the statement's list comes about. fixed, block: it stands there (a block may be
+        // parsed again for arguments). bound: it stands while that object lives. standing: while a name means
+        // what it meant. computed: its entry gives it at each run; filled: with the $ of the entry's text
+        // replaced.
+        enum class Kind { fixed, block, bound, standing, computed, filled } kind = Kind::fixed;
+        bool takesArgs = false; // a block with a $
+        life::Handle object;
+        std::uint64_t version = 0;
+        const names::Record * record = nullptr;
+        const CMC_ObjectsContainer * scope = nullptr;
+        std::unique_ptr<CMC_Behaviour_Entry> entry; // null where nothing is computed
+        std::unique_ptr<CMC_Object> owned;          // a value of the statement's own
+        CXString name;                              // of a "&NAME"
     };
 
     struct Literal {
@@ -88,13 +93,15 @@ private:
     CMC_Object * substituted(CXArray * args);
     CMC_Variable * literal();
     CMC_Object * call(CMC_Object * self, CXArray * args, CXVector & params);
+    CMC_Object * callLate(CXVector & params);
     CMC_Object * callFound(CMC_Object * self, CXArray * args, CXVector & params);
     CMC_Object * callByName(CMC_Object * object, CMC_Runner * runner, const CXString & method,
                             CXVector & params);
     CMC_Object * evaluate(const CXString & text, CMC_Object * self, CXArray * args);
-    bool referencesStand() const;
+    bool ready(const CXArray * args) const;
     CXObject * compute(Parameter & parameter, CMC_Object * self, CXArray * args);
     void fill(CXVector & params, CMC_Object * self, CXArray * args);
+    CXObject * settle(Parameter & parameter);
     void release(CXVector & params);
     void releaseOther(CMC_Object * value, const Parameter & parameter);
 
@@ -103,8 +110,6 @@ private:
     // What each run reads comes first.
     CMC_Behaviour * behaviour_; // not owned
     Form form_ = Form::nothing;
-    bool allStatic_ = true;
-    bool hasReferences_ = false;
     bool running_ = false; // paramValues_ is in use
     bool plainHasParam_ = false;
     bool plainHasField_ = false;

@@ -173,8 +173,8 @@ CMC_Variable * loop(Call & call) {
 
 CMC_Variable * forStatement(Call & call) {
     CMC_Variable * given = call.value(0);
-    CMC_Object * variable =
-        given && given->getType() == types::kInteger && given->getId() < 0 ? given : call.named(0);
+    bool isNamed = given && given->getType() == types::kInteger && given->scene();
+    CMC_Object * variable = isNamed ? given : call.named(0);
     if (!variable || variable->getType() != types::kInteger) return nullptr;
     life::Handle alive(variable);
     Code body(call, 1);

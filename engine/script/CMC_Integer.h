@@ -15,7 +15,7 @@ public:
     int getValue() const { return value_; }
     void setValue(int value) {
         value_ = value;
-        onChange(false);
+        if (!isQuiet()) onChange(false);
     }
     void put(int value) { value_ = value; } // without onChange
 

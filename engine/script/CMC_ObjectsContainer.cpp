@@ -69,6 +69,15 @@ CMC_Object * CMC_ObjectsContainer::getObject(std::string_view name) {
     return nullptr;
 }
 
+CMC_Object * CMC_ObjectsContainer::getObject(const names::Record & name) {
+    for (CMC_ObjectsContainer * scope = this; scope; scope = scope->parent_) {
+        if (CXObject * object = scope->objectsHash_->get(&name.key)) return static_cast<CMC_Object *>(object);
+        if (name.base)
+            if (CMC_Object * object = scope->getObject(*name.base)) return object;
+    }
+    return nullptr;
+}
+
 CMC_Variable * CMC_ObjectsContainer::getVariable(std::string_view name) {
     CMC_Object * object = getObject(name);
     return object && types::isValue(object->getType()) ? static_cast<CMC_Variable *>(object) : nullptr;

@@ -12,6 +12,10 @@ class CMElements;
 class CStringHashCode;
 class CWindow;
 
+namespace names {
+struct Record;
+}
+
 class CMC_ObjectsContainer : public CMC_Object {
 public:
     CMC_ObjectsContainer(CWindow * window, CMC_ObjectsContainer * parent, CMElement * element, int type);
@@ -35,6 +39,7 @@ public:
     CMC_Object * getObject(const char * name) { return getObject(std::string_view(name)); }
     CMC_Object * getObject(const CXString & name) { return getObject(name.view()); }
     CMC_Object * getObject(std::string_view name);
+    CMC_Object * getObject(const names::Record & name);
     CMC_Object * getOwnObject(std::string_view name) { return find(name); } // of this scope alone
     CMC_Variable * getVariable(const char * name) { return getVariable(std::string_view(name)); }
     CMC_Variable * getVariable(const CXString & name) { return getVariable(name.view()); }

@@ -20,7 +20,7 @@ std::unordered_map<std::string, Record, Hash, std::equal_to<>> records;
 } // namespace
 
 const Record * record(std::string_view name) {
-    auto [place, fresh] = records.try_emplace(std::string(name));
+    auto [place, fresh] = records.try_emplace(std::string(name), name);
     Record & made = place->second;
     if (fresh && name.size() > 2 && name.ends_with("_0")) made.base = record(name.substr(0, name.size() - 2));
     return &made;

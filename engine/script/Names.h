@@ -5,6 +5,8 @@
 // name last meant until the version moves. Records last as long as the program: only names that stand in
 // script text get one.
 
+#include "core/CStringHashCode.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -13,6 +15,9 @@ namespace names {
 extern std::uint64_t joins; // how often scopes were joined differently
 
 struct Record {
+    explicit Record(std::string_view name) : key(name) {}
+
+    mutable CStringHashCode key; // the name, ready for a lookup
     std::uint32_t version = 0;
     const Record * base = nullptr; // of "X" for a name "X_0", which finds X as well
     // Grows with every change that could make the name mean another object.
