@@ -129,7 +129,7 @@ void statements() {
     int runs = kTurns / 10;
     auto fixed = t.add("V^ADD(&ONE), static", kTurns, s.runs(tenTimes("V^ADD(&ONE);"), runs));
     auto literal = t.add("V^ADD(1), literal", kTurns, s.runs(tenTimes("V^ADD(1);"), runs));
-    auto bracket = t.add("V^ADD([W+W*ONE])", kTurns, s.runs(tenTimes("V^ADD([W+W*ONE]);"), runs));
+    t.add("V^ADD([W+W*ONE])", kTurns, s.runs(tenTimes("V^ADD([W+W*ONE]);"), runs));
     auto late = t.add("T^ADD(1), found at run time", kTurns,
                       s.runs("@INT(\"T\",1);" + tenTimes(tenTimes("T^ADD(1);")), kTurns / 100));
     auto change = t.add("SIG^ADD(1) with ONCHANGED", kTurns, s.runs(tenTimes("SIG^ADD(1);"), runs));

@@ -23,6 +23,9 @@
 const char * const CMC_Behaviour::kSignals[3] = {"ONINIT", "ONDONE", "ONSIGNAL"};
 const char * const CMC_Behaviour::kKeys[2] = {"CODE", "CONDITION"};
 int CMC_Behaviour::depth = 0;
+CMC_Behaviour::Bounds CMC_Behaviour::bounds;
+CMC_Behaviour::Bounds CMC_Behaviour::taken;
+bool CMC_Behaviour::isLeaving = false;
 
 namespace {
 
@@ -116,16 +119,12 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
         if (CMC_Object * condition = conditionObject_.get())
             if (!static_cast<CMC_BasicCondition *>(condition)->valid(true)) return false;
     if (depth >= kDeepest) {
-        notes::add(notes::Kind::tooDeep, std::string(getName().view()) +
-                                             " isn't run: behaviours run each other " +
-                                             std::to_string(kDeepest) + " deep");
-        // One box for each chain, however many statements it cuts.
-        static std::uint32_t told = 0;
-        if (std::uint32_t now = platform::world().clock->tickCount(); told != now + 1) {
-            told = now + 1;
-            dispMsgBox(nullptr, "Behaviour " + getName() + " runs itself without end");
-        }
+        refuse();
         return false;
+    }
+    if (depth == 0) {
+        taken = {0, 0};
+        isLeaving = false;
     }
     depth++;
     calls_++;
@@ -135,6 +134,23 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
     flushTempObjects();
     depth--;
     return broken;
+}
+
+void CMC_Behaviour::refuse() {
+    notes::add(notes::Kind::tooDeep, std::string(getName().view()) +
+                                         " isn't run: behaviours run each other " + std::to_string(kDeepest) +
+                                         " deep");
+    if (++taken.tooDeep == 1) dispMsgBox(nullptr, "Behaviour " + getName() + " runs itself without end");
+    // One that runs itself twice would try every way down.
+    if (taken.tooDeep >= bounds.tooDeep) isLeaving = true;
+}
+
+bool CMC_Behaviour::nextTurn() {
+    if (isLeaving) return false;
+    if (++taken.turns < bounds.turns) return true;
+    if (taken.turns == bounds.turns)
+        notes::add(notes::Kind::tooDeep, "the loops are left after too many turns");
+    return false;
 }
 
 bool CMC_Behaviour::runLines(CMC_Object * self, CXArray * args) {
@@ -147,6 +163,7 @@ bool CMC_Behaviour::runLines(CMC_Object * self, CXArray * args) {
         CMC_Object * result = entry->run(self, args);
         if (control::isSignal(result)) return result == control::breakSignal();
         CMC_Object::flush(result);
+        if (isLeaving) break;
     }
     return false;
 }

@@ -133,13 +133,25 @@ public:
 
     static int runningNo() { return depth; }
 
+    // Scripts may loop or run each other without end. What an outermost run and all that it runs may take; a
+    // run that takes more is left as far as that bound asks, with a note.
+    struct Bounds {
+        long turns = 100'000'000; // of all loops together: then every loop ends
+        int tooDeep = 100;        // runs refused at kDeepest: then all behaviours end
+    };
+    static Bounds bounds;
+    static bool nextTurn(); // counts a loop's turn; false when the loop has to end
+
 private:
     void parse(const CXString & text);
     void drop(bool keepBlocks);
     void endTimer();
+    void refuse();
     bool runLines(CMC_Object * self, CXArray * args);
 
     static int depth;
+    static Bounds taken;   // by the outermost run
+    static bool isLeaving; // all behaviours end
 
     CXString code_;
     CXString condition_;

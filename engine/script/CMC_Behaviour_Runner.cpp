@@ -19,12 +19,6 @@ CXArray * arguments(const Call & call, int from) {
     return list;
 }
 
-bool Turns::next() {
-    if (++count_ < kMostTurns) return true;
-    if (count_ == kMostTurns) notes::add(notes::Kind::tooDeep, "the loop is left after too many turns");
-    return false;
-}
-
 } // namespace code
 
 namespace {
@@ -51,8 +45,7 @@ CMC_Variable * runLooped(Call & call) {
     CXArray * args = code::arguments(call, 2);
     args->insertAt(0, new CXString);
     life::Handle behaviour(call.object);
-    code::Turns turns;
-    for (int v = start; v < end && behaviour.get() && turns.next(); v = convert::add(v, step)) {
+    for (int v = start; v < end && behaviour.get() && CMC_Behaviour::nextTurn(); v = convert::add(v, step)) {
         *args->stringAt(0) = v;
         if (call.self<CMC_Behaviour>()->run(nullptr, args, true)) break;
     }

@@ -16,16 +16,4 @@ namespace code {
 // variable's.
 CXArray * arguments(const Call & call, int from);
 
-// Scripts may loop without end; no loop makes more turns than this.
-inline constexpr long kMostTurns = 100'000'000;
-
-// Counts the turns of one loop; false, with a note, when it makes too many.
-class Turns {
-public:
-    bool next();
-
-private:
-    long count_ = 0;
-};
-
 } // namespace code

@@ -123,8 +123,8 @@ CMC_Variable * whileStatement(Call & call) {
     // The texts are taken once; a variable that changes must be named inside quotes.
     const CXString left = call.text(0), op = call.text(1), right = call.text(2);
     Code body(call, 3);
-    code::Turns turns;
-    while (CMC_Condition::valid(call.scope, left, right, op) && turns.next()) body.run(nullptr, false);
+    while (CMC_Condition::valid(call.scope, left, right, op) && CMC_Behaviour::nextTurn())
+        body.run(nullptr, false);
     return nullptr;
 }
 
@@ -135,14 +135,13 @@ template <class Tell>
 bool runTurns(const Call & call, const Code & body, int first, Tell && tell) {
     const int start = call.integer(first), end = convert::add(start, call.integer(first + 1)),
               step = call.integer(first + 2);
-    code::Turns turns;
     if (start < end) {
-        for (int v = start; v < end && turns.next(); v = convert::add(v, step)) {
+        for (int v = start; v < end && CMC_Behaviour::nextTurn(); v = convert::add(v, step)) {
             tell(v);
             if (body.run(nullptr, true)) return true;
         }
     } else {
-        for (int v = start; v > end && turns.next(); v = convert::add(v, step)) {
+        for (int v = start; v > end && CMC_Behaviour::nextTurn(); v = convert::add(v, step)) {
             tell(v);
             if (body.run(nullptr, true)) return true;
         }

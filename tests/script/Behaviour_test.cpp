@@ -156,6 +156,11 @@ TEST_F(Behaviour, ScriptsThatRemoveWhatRuns) {
     ASSERT_GT(all.size(), 3U);
     EXPECT_EQ(all.back(), "on");
     EXPECT_EQ(all[all.size() - 2], "Behaviour R runs itself without end");
+    // One that runs itself twice doesn't try every way down: all ends with the outermost run.
+    load("OBJECT=RR\nRR:TYPE=BEHAVIOUR\nRR:CODE={RR^RUN();RR^RUN();}\n");
+    run("RR^RUN();@MSGBOX(\"never\");");
+    EXPECT_EQ(boxes(), (std::vector<std::string>{"Behaviour RR runs itself without end"}));
+    EXPECT_EQ(shown("@MSGBOX(\"on\");"), "on");
 }
 
 TEST_F(Behaviour, TellsTheAuthor) {
