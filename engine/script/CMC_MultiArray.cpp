@@ -35,9 +35,7 @@ CMC_MultiArray::CMC_MultiArray(CMC_ObjectsContainer * scope, CMElement * element
         notes::add(notes::Kind::other, scope ? scope->getName().view() : "", getName().view(),
                    "DIMENSIONS is " + std::to_string(wanted) + ", taken as " + std::to_string(dimCount_));
     std::fill_n(dims_.begin(), dimCount_, kFirstSize);
-    int cells = 0;
-    measure(dims_, total_, cells);
-    cells_.resize(static_cast<std::size_t>(cells));
+    measure(dims_, total_, cellsNo_);
     initializeBehaviours(scope, element);
 }
 
@@ -84,14 +82,13 @@ bool CMC_MultiArray::validateSize(Coordinates coordinates) {
     if (sizes == dims_) return true;
     int total = 0, count = 0;
     if (!measure(sizes, total, count)) return false;
-    Cells cells(static_cast<std::size_t>(count));
-    for (std::size_t i = 0; i < cells_.size(); i++) {
-        auto width = static_cast<std::size_t>(dims_[0]);
-        cells[i / width * static_cast<std::size_t>(sizes[0]) + i % width] = std::move(cells_[i]);
-    }
+    Cells cells;
+    for (auto & [place, value] : cells_)
+        cells.emplace_hint(cells.end(), place / dims_[0] * sizes[0] + place % dims_[0], std::move(value));
     cells_ = std::move(cells);
     dims_ = sizes;
     total_ = total;
+    cellsNo_ = count;
     return true;
 }
 
@@ -100,18 +97,17 @@ void CMC_MultiArray::set(Coordinates coordinates, CMC_Variable * value) {
         note("no cell has such coordinates");
         return;
     }
-    auto i = static_cast<std::size_t>(getIndex(coordinates));
-    cells_[i].reset(static_cast<CMC_Variable *>(value->clone()));
+    cells_[getIndex(coordinates)].reset(static_cast<CMC_Variable *>(value->clone()));
 }
 
 CMC_Variable * CMC_MultiArray::get(Coordinates coordinates) {
-    int i = getIndex(coordinates);
-    return i < 0 ? nullptr : cells_[static_cast<std::size_t>(i)].get();
+    auto cell = cells_.find(getIndex(coordinates));
+    return cell == cells_.end() ? nullptr : cell->second.get();
 }
 
 int CMC_MultiArray::count(CMC_Variable * value) {
     return static_cast<int>(
-        std::ranges::count_if(cells_, [&](const auto & cell) { return cell && cell->equals(value); }));
+        std::ranges::count_if(cells_, [&](const auto & cell) { return cell.second->equals(value); }));
 }
 
 int CMC_MultiArray::getSize(int dimension) {
@@ -142,10 +138,9 @@ void CMC_MultiArray::load(const CXString & fileName) {
 void CMC_MultiArray::write(CXArchive & archive) {
     archive << dimCount_;
     for (int i = 0; i < dimCount_; i++) archive << dims_[static_cast<std::size_t>(i)];
-    for (std::size_t i = 0; i < cells_.size(); i++) {
-        if (!cells_[i]) continue;
-        archive << static_cast<int>(i);
-        cells_[i]->store(&archive);
+    for (auto & [place, value] : cells_) {
+        archive << place;
+        value->store(&archive);
     }
     archive << total_;
 }
@@ -164,15 +159,15 @@ void CMC_MultiArray::read(CXArchive & archive) {
     }
     dims_ = sizes;
     cells_.clear();
-    cells_.resize(static_cast<std::size_t>(count));
+    cellsNo_ = count;
     for (int i = 0; archive >> i, i != total_;) {
         CMC_Variable * value = i < 0 || archive.failed() ? nullptr : CMC_VariableFactory::restore(&archive);
-        if (!value || i >= count) {
+        if (!value || i >= cellsNo_) {
             CMC_VariableFactory::free(value);
             note("the file is damaged");
             return;
         }
-        cells_[static_cast<std::size_t>(i)].reset(static_cast<CMC_Variable *>(value->clone()));
+        cells_[i].reset(static_cast<CMC_Variable *>(value->clone()));
         CMC_VariableFactory::free(value);
     }
 }

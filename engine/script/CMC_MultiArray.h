@@ -6,10 +6,10 @@
 #include "script/CMC_Variable.h"
 
 #include <array>
+#include <map>
 #include <memory>
 #include <span>
 #include <string_view>
-#include <vector>
 
 class CWindow;
 class CXArchive;
@@ -46,7 +46,8 @@ public:
     void read(CXArchive & archive);
 
 private:
-    using Cells = std::vector<std::unique_ptr<CMC_Variable>>;
+    // By place; only those that hold a value, since a few bytes of a file may ask for millions.
+    using Cells = std::map<int, std::unique_ptr<CMC_Variable>>;
     using Sizes = std::array<int, kMostDimensions>;
 
     // Of dimCount_ sizes; false when that makes too large a grid.
@@ -58,6 +59,7 @@ private:
 
     int total_ = 0;
     int dimCount_ = 0;
-    Cells cells_; // those that two coordinates reach
+    int cellsNo_ = 0; // places that two coordinates reach
+    Cells cells_;
     Sizes dims_{};
 };
