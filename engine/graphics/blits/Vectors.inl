@@ -15,6 +15,7 @@ namespace {
 constexpr int kStep = 16; // pixels
 
 typedef std::uint16_t Words __attribute__((vector_size(32)));
+typedef std::int16_t Signed __attribute__((vector_size(32)));
 typedef std::uint8_t Bytes __attribute__((vector_size(16)));
 typedef std::uint32_t Wide __attribute__((vector_size(32))); // eight pixels
 typedef std::uint16_t Words8 __attribute__((vector_size(16)));
@@ -46,6 +47,9 @@ INLINE bool allSolid(Bytes a) {
     return (half[0] & half[1]) == ~std::uint64_t{0};
 }
 
+// As signed numbers, which any processor compares in one step; all values are below 0x8000.
+INLINE Words least(Words a, Words b) { return (Words)((Signed)a < (Signed)b ? (Signed)a : (Signed)b); }
+
 // ---- words: the sums of a weighting never go below zero, so that a difference may wrap
 
 template <int kGreenBits>
@@ -53,29 +57,31 @@ struct Layout {
     static constexpr std::uint16_t kGreen = (1 << kGreenBits) - 1;
     static constexpr int kRedAt = 5 + kGreenBits;
 
+    static INLINE Words blue(Words v) { return v & 31; }
+    static INLINE Words green(Words v) { return v >> 5 & kGreen; }
+    static INLINE Words red(Words v) {
+        if constexpr (kGreenBits == 6) return v >> kRedAt;
+        return v >> kRedAt & 31;
+    }
+    static INLINE Words joined(Words b, Words g, Words r) { return b | g << 5 | r << kRedAt; }
     static INLINE Words weighted(Words s, Words d, Words a) { return ((s - d) * a + (d << 8)) >> 8; }
 
     static INLINE Words mixed(Words s, Words d, Words a) {
-        Words b = weighted(s & 31, d & 31, a);
-        Words g = weighted(s >> 5 & kGreen, d >> 5 & kGreen, a);
-        Words r = weighted(s >> kRedAt & 31, d >> kRedAt & 31, a);
-        return b | g << 5 | r << kRedAt;
+        return joined(weighted(blue(s), blue(d), a), weighted(green(s), green(d), a),
+                      weighted(red(s), red(d), a));
     }
 
     // one: 1 in the lanes whose channels go up by a step.
     static INLINE Words mixedUp(Words s, Words d, Words a, Words one) {
-        Words b = weighted(s & 31, d & 31, a);
-        Words g = weighted(s >> 5 & kGreen, d >> 5 & kGreen, a);
-        Words r = weighted(s >> kRedAt & 31, d >> kRedAt & 31, a);
-        b += one & (Words)(b < 31);
-        g += one & (Words)(g < kGreen);
-        r += one & (Words)(r < 31);
-        return b | g << 5 | r << kRedAt;
+        return joined(least(weighted(blue(s), blue(d), a) + one, Words{} + 31),
+                      least(weighted(green(s), green(d), a) + one, Words{} + kGreen),
+                      least(weighted(red(s), red(d), a) + one, Words{} + 31));
     }
 
     // The bit that no channel of a 15-bit word uses stays with the pixel.
     static INLINE Words withSpare(Words mixed, Words kept) {
-        return kGreenBits == 5 ? mixed | (kept & 0x8000) : mixed;
+        if constexpr (kGreenBits == 6) return mixed;
+        return mixed | (kept & 0x8000);
     }
 };
 
@@ -87,11 +93,11 @@ struct Alpha {
         if (allClear(alpha)) return;
         Words source = load<Words>(s);
         if (allSolid(alpha)) return store(d, source);
-        Words a = widen(alpha), target = load<Words>(d);
-        Words solid = (Words)(a == 255), some = (Words)(a != 0);
-        // Weights of 0 and 256 give the one and the other pixel as they are.
-        Words v = L::mixedUp(source, target, a - solid, some & ~solid & 1);
-        store(d, L::withSpare(v, (source & solid) | (target & ~some)));
+        // Weights of 0 and 256 give the one and the other pixel as they are; others add a step.
+        Words a = widen(alpha), target = load<Words>(d), solid = (Words)(a == 255);
+        Words weight = a - solid;
+        Words v = L::mixedUp(source, target, weight, least(weight & 255, Words{} + 1));
+        store(d, L::withSpare(v, (source & solid) | (target & (Words)(a == 0))));
     }
 };
 
