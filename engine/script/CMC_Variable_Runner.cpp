@@ -124,12 +124,14 @@ CMC_Variable * calculatedOther(Call & call, int op) {
 // The receiver takes what comes out of the operator; that value is the caller's, null without an operand.
 template <int Op>
 CMC_Variable * calculated(Call & call) {
-    auto * number = call.self<CMC_Integer>();
-    auto * operand = static_cast<CMC_Integer *>(call.item(0));
-    bool whole = number->getType() == types::kInteger && operand && operand->getType() == types::kInteger;
-    if (!whole || !number->isQuiet()) return calculatedOther(call, Op);
+    auto * operand = static_cast<CMC_Object *>(call.item(0));
+    bool whole =
+        call.object->getType() == types::kInteger && operand && operand->getType() == types::kInteger;
+    if (!whole || !call.self<CMC_Integer>()->isQuiet()) return calculatedOther(call, Op);
     // Nobody sees the steps between: the same value without a conversion and a signal's way.
-    int value = CMC_Integer::calculated(number->getValue(), operand->getValue(), Op);
+    auto * number = call.self<CMC_Integer>();
+    int value =
+        CMC_Integer::calculated(number->getValue(), static_cast<CMC_Integer *>(operand)->getValue(), Op);
     number->put(value);
     return result(value);
 }

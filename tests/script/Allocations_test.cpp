@@ -37,7 +37,9 @@ void * operator new(std::size_t bytes) {
     if (!memory) std::abort();
     return memory;
 }
+void * operator new(std::size_t bytes, const std::nothrow_t &) noexcept { return ::operator new(bytes); }
 void operator delete(void * memory) noexcept { std::free(memory); }
+void operator delete(void * memory, const std::nothrow_t &) noexcept { std::free(memory); }
 void operator delete(void * memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
