@@ -5,6 +5,7 @@
 #include "files/CLZWCompression2.h"
 #include "graphics/CGraphicsObject.h"
 #include "graphics/CSurface.h"
+#include "graphics/JPEG.h"
 
 #include <algorithm>
 #include <array>
@@ -32,6 +33,25 @@ namespace {
 
 void append(std::string & out, std::int32_t v) {
     for (int shift = 0; shift < 32; shift += 8) out += static_cast<char>(v >> shift);
+}
+
+// The contents of a block, with zeros behind them up to `least` bytes; null for a block without sense.
+char * expanded(char * block, int blockSize, int least, int & size) {
+    CLZWCompression2 coder(block, blockSize);
+    char * plane = coder.decompress();
+    size = coder.getOriginalSize();
+    if (!plane || size >= least) return plane;
+    char * longer = new char[static_cast<std::size_t>(least)]();
+    std::copy_n(plane, size, longer);
+    delete[] plane;
+    size = least;
+    return longer;
+}
+
+// Null when it is damaged or shows a picture of another size.
+char * jpegPlane(const char * file, int fileSize, CXSize size, int depth) {
+    JPEG jpeg(file, fileSize);
+    return jpeg.getWidth() == size.cx && jpeg.getHeight() == size.cy ? jpeg.decompress(depth) : nullptr;
 }
 
 } // namespace
@@ -64,33 +84,27 @@ int CGraphicsObject::Save(CFile * file, _compression compression) {
     return file->Write(bytes.data(), n) == n ? 0 : -1;
 }
 
+// Planes that can't be expanded stay as they are, the compression too.
 void CGraphicsObject::DeCompress() {
-    if (compression_ != kCompressionLzo && compression_ != kCompressionLzoRle) return;
-    CLZWCompression2 colour(data_, colourSize_);
-    char * plane = data_ ? colour.decompress() : nullptr;
-    if (!plane) return;
-    CLZWCompression2 alpha(channels_[3], channelSizes_[3]);
-    char * alphaPlane = channels_[3] && channelSizes_[3] > 0 ? alpha.decompress() : nullptr;
-    bool raw = compression_ == kCompressionLzo;
-    // The head names the size: a smaller plane than the picture's would be read beyond its end.
-    int colourSize = colour.getOriginalSize(), wanted = __get_data_size(width_, height_, bpp_);
-    int alphaSize = alphaPlane ? alpha.getOriginalSize() : 0;
-    auto grown = [](char *& from, int size, int least) {
-        if (size >= least) return;
-        char * to = new char[static_cast<std::size_t>(least)]();
-        std::copy_n(from, size, to);
-        delete[] from;
-        from = to;
-    };
-    if (raw) {
-        grown(plane, colourSize, wanted);
-        if (alphaPlane) grown(alphaPlane, alphaSize, width_ * height_);
-        colourSize = wanted;
-        alphaSize = alphaPlane ? width_ * height_ : 0;
+    bool lzo = compression_ == kCompressionLzo, jpeg = compression_ == kCompressionJpeg;
+    if (!data_ || (!lzo && !jpeg && compression_ != kCompressionLzoRle)) return;
+    bool raw = lzo || jpeg;
+    // A block's head names its size: a smaller plane than the picture's would be read beyond its end.
+    int depth = jpeg && bpp_ != 15 ? 16 : bpp_, wanted = __get_data_size(width_, height_, depth);
+    int pixels = width_ * height_, colourSize = wanted, alphaSize = 0;
+    char * plane = jpeg ? jpegPlane(data_, colourSize_, {width_, height_}, depth)
+                        : expanded(data_, colourSize_, raw ? wanted : 0, colourSize);
+    if (!plane || wanted == 0) {
+        delete[] plane;
+        return;
     }
-    replacePlanes(plane, alphaPlane);
+    char * alpha = channels_[3] && channelSizes_[3] > 0
+                       ? expanded(channels_[3], channelSizes_[3], raw ? pixels : 0, alphaSize)
+                       : nullptr;
+    replacePlanes(plane, alpha);
+    bpp_ = depth;
     rawSize_ = wanted;
-    colourSize_ = spareSize_ = colourSize;
-    channelSizes_[3] = alphaSize;
+    colourSize_ = spareSize_ = raw ? wanted : colourSize;
+    channelSizes_[3] = alpha && raw ? pixels : alphaSize;
     compression_ = raw ? kCompressionNone : kCompressionRle;
 }
