@@ -46,7 +46,7 @@ struct Game {
             std::make_unique<CWindow>(nullptr, &commandLine, &language, CXSize(800, 600), nullptr, "", true);
         CMC_VariableFactory::initialize();
         CMC_RunnerFactory::initialize();
-        CMC_Behaviour::bounds = {2000, 3};
+        CMC_Behaviour::bounds = {2000, 3, 12};
     }
     ~Game() {
         CMC_RunnerFactory::done();

@@ -1,6 +1,7 @@
 #include "Game.h"
 
 #include "InputScript.h"
+#include "Screenshots.h"
 
 #include "app/CApplication.h"
 #include "app/CCommandLine6.h"
@@ -56,6 +57,13 @@ int play(const Options & options, platform::World & world, InputScript & input) 
     CXString exePath(world.files->fromMachine(programFolder()));
     // Pointer and keys come as the host's messages.
     CWindow window(nullptr, &commandLine, &language, commandLine.getResolution(), nullptr, exePath, true);
+    int error = commandLine.isWindowMode() ? window.CreateSurface(nullptr)
+                                           : window.SetDisplayMode(0, 0, world.display->depth());
+    if (error) {
+        window.setErrorCode(error);
+        window.ShowError("Tarnook");
+        return kNoDevice;
+    }
     window.OnCreate();
     CApplication application(&window, CXString(platform::fromUtf8(options.config)),
                              CXString(platform::fromUtf8(options.archive)), &commandLine);
@@ -71,8 +79,11 @@ int play(const Options & options, platform::World & world, InputScript & input) 
     }
     window.OnActivateApp(true);
     Pace pace(options, world);
+    Screenshots screenshots(options.screenshots, *world.display);
     for (long tick = 1;; tick++) {
-        if (input.play(tick, window) || window.domodal() || tick == options.ticks) break;
+        bool over = input.play(tick, window) || window.domodal();
+        if (!screenshots.take(tick)) return kNoDevice;
+        if (over || tick == options.ticks) break;
         pace.wait();
     }
     window.OnDestroy();
@@ -93,13 +104,12 @@ int run(const Options & options) {
         complain("can't read the input file ", options.input);
         return kWrongOption;
     }
-    if (!options.screenshots.empty())
-        complain("--screenshot: ", "this build draws no pictures, none is written");
     if (!options.audio.empty()) complain("--audio: ", "this build plays no sound, nothing is written");
 
     platform::Options forms;
     forms.seed = options.seed ? options.seed : options.headless ? 1 : 0;
     forms.disc = options.disc;
+    forms.depth = options.depth;
     forms.currentDirectory = folder.string();
     std::unique_ptr<platform::World> world =
         options.headless ? platform::headless(forms) : platform::desktop(forms);

@@ -7,6 +7,7 @@
 #include "platform/clock/Clock.h"
 #include "platform/debug/DebugChannel.h"
 #include "platform/dialogs/Dialogs.h"
+#include "platform/display/Display.h"
 #include "platform/files/FileSystem.h"
 #include "platform/locale/Locale.h"
 #include "platform/random/RandomSource.h"
@@ -27,6 +28,7 @@ struct World {
     std::unique_ptr<Locale> locale;
     std::unique_ptr<Dialogs> dialogs;
     std::unique_ptr<DebugChannel> debugger;
+    std::unique_ptr<Display> display;
     VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
 
     // The forms taken, one "what: form" a line, for the log.
@@ -36,6 +38,7 @@ struct World {
 struct Options {
     unsigned seed = 1;            // of the random source; the desktop takes one from the clock when it is 0
     std::string disc;             // folder of the machine shown as drive D:, none when empty
+    int depth = 16;               // of the display, 15 or 16
     std::string currentDirectory; // folder of the machine to start in, the process's own when empty
 };
 

@@ -6,6 +6,7 @@
 #include "platform/debug/StderrDebugChannel.h"
 #include "platform/dialogs/StdoutDialogs.h"
 #include "platform/dialogs/TerminalDialogs.h"
+#include "platform/display/MemoryDisplay.h"
 #include "platform/files/MachineFileSystem.h"
 #include "platform/locale/FixedLocale.h"
 #include "platform/locale/SystemLocale.h"
@@ -25,6 +26,7 @@ std::unique_ptr<World> headless(const Options & options) {
     world->locale = std::make_unique<FixedLocale>("0409");
     world->dialogs = std::make_unique<StdoutDialogs>();
     world->debugger = std::make_unique<StderrDebugChannel>();
+    world->display = std::make_unique<MemoryDisplay>(options.depth);
     return world;
 }
 
@@ -40,6 +42,7 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->locale = std::make_unique<SystemLocale>();
     world->dialogs = std::make_unique<TerminalDialogs>();
     world->debugger = std::make_unique<StderrDebugChannel>();
+    world->display = std::make_unique<MemoryDisplay>(options.depth);
     return world;
 }
 
@@ -55,6 +58,7 @@ std::string World::describe() const {
     line("locale", locale->name());
     line("dialogs", dialogs->name());
     line("debugger", debugger->name());
+    line("display", display->name());
     return text;
 }
 

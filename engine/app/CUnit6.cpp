@@ -4,6 +4,7 @@
 #include "app/CMC_Scene.h"
 #include "app/CWindow.h"
 #include "files/CResourcesManager.h"
+#include "graphics/CRefreshScreen.h"
 
 CUnit6::CUnit6(CWindow * window, const CXString & name)
     : window_(window), name_(name), resources_(std::make_unique<CResourcesManager>(window)) {
@@ -28,8 +29,22 @@ void CUnit6::initialize(CMC_Scene * scene, CUnit6 * unit) {
     window_->registerMouseListener(this, kMousePriority);
 }
 
+CRefreshScreen * CUnit6::getCanvas() { return window_ ? window_->getCanvas() : nullptr; }
+
+void CUnit6::setBackground() {
+    CColor black(0, 0, 0);
+    if (getBackgroundFileName().IsString())
+        window_->SetBackground(getBackgroundFileName());
+    else
+        window_->SetBackground(&black);
+}
+
 void CUnit6::done(CMC_Scene *, CUnit6 *) {
     dragging_ = false;
+    if (CRefreshScreen * canvas = getCanvas()) {
+        canvas->flush();
+        canvas->SetBackground(static_cast<CGraphicsObject *>(nullptr));
+    }
     scene_ = nullptr;
     active_ = false;
     initiallyUpdated_ = false;
@@ -53,18 +68,33 @@ void CUnit6::stopMusic() {
     window_->StopMusic();
 }
 
-// The object passes over everything while it is dragged; its moves come with the canvas.
+// The object passes over everything while it is dragged.
 void CUnit6::onStartDragging(CGraphicsObject * object, CXPoint point, void *) {
     dragging_ = true;
     dragObject_ = object;
     dragStart_ = point;
+    CRefreshScreen * canvas = getCanvas();
+    if (!canvas || !object) return;
+    dragPriority_ = canvas->GetPriority(object);
+    canvas->SetPriority(object, kDragged);
 }
 
-void CUnit6::onDragging(CXPoint point) { dragStart_ = point; }
+void CUnit6::onDragging(CXPoint point) {
+    if (dragObject_) dragObject_->Move(point.x - dragStart_.x, point.y - dragStart_.y);
+    dragStart_ = point;
+}
 
 void CUnit6::onEndDragging(CXPoint) {
+    CRefreshScreen * canvas = getCanvas();
+    if (canvas && dragObject_) canvas->SetPriority(dragObject_, dragPriority_);
     dragging_ = false;
     dragObject_ = nullptr;
+}
+
+void CUnit6::bringBackDraggingObjectPosition(CXPoint point) {
+    if (!dragObject_) return;
+    CXPoint place = dragObject_->GetPosition();
+    dragObject_->Move(point.x - place.x, point.y - place.y);
 }
 
 void CUnit6::flushEditBoxes() {

@@ -12,6 +12,7 @@
 class CGraphicsObject;
 class CMC_Scene;
 class CMElements;
+class CRefreshScreen;
 class CResourcesManager;
 class CWindow;
 
@@ -19,6 +20,7 @@ class CUnit6 : public CXObject, public CKeyListener, public CMouseListener {
 public:
     static constexpr int kMousePriority = 100000; // above ordinary listeners
     static constexpr int kTab = 15;               // key code
+    static constexpr int kDragged = 10000;        // priority of what is dragged
 
     CUnit6(CWindow * window, const CXString & name);
     ~CUnit6() override;
@@ -31,15 +33,18 @@ public:
     virtual bool domodal() { return retCode_ != 0; }
     virtual void done(CMC_Scene * scene, CUnit6 * unit);
     virtual CWindow * getWindow() { return window_; }
+    virtual CRefreshScreen * getCanvas(); // null without a display
+    virtual CRefreshScreen * getRefreshScreenInterface() { return getCanvas(); }
     virtual bool isActive() { return active_; }
     virtual void startMusic(const char * file, bool force); // null for the scene's own
     virtual void stopMusic();
     virtual const CXString & getMusicFileName() { return musicPlaying_; }
     virtual const CXString & getBackgroundFileName() { return backgroundFile_; }
-    virtual void setBackground() {} // the canvas takes the picture, or black without one
+    virtual void setBackground(); // the canvas takes the picture, or black without one
     virtual void onStartDragging(CGraphicsObject * object, CXPoint point, void * data);
     virtual void onDragging(CXPoint point);
     virtual void onEndDragging(CXPoint point);
+    void bringBackDraggingObjectPosition(CXPoint point);
     virtual CResourcesManager * getResourcesManager() { return resources_.get(); }
     // A derived unit may filter a scene's elements.
     virtual CMElements * resolveObjects(CMC_Scene *, CMElements * elements) { return elements; }
@@ -77,6 +82,7 @@ private:
     bool dragging_ = false;
     bool draggingMode_ = false;
     CGraphicsObject * dragObject_ = nullptr; // not owned
+    int dragPriority_ = 0;                   // of the object before the drag
     CXPoint dragStart_;
     bool initiallyUpdated_ = false;
     CXString backgroundFile_;

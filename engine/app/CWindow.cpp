@@ -6,6 +6,8 @@
 #include "core/CXVersion.h"
 #include "files/CFile.h"
 #include "files/CLanguageOSVer.h"
+#include "graphics/CRefreshScreen.h"
+#include "graphics/CSurface.h"
 #include "platform/World.h"
 #include "script/CMC_Object.h"
 
@@ -95,6 +97,8 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
 
 CWindow::~CWindow() {
     pollThread_.reset();
+    CGraphicsObject::ReleaseGraphics();
+    CSurface::releaseBppConversionTable();
     for (CXObject * entry : mouseListeners_) delete entry;
     log.reset();
     logEnabled = false;
@@ -158,7 +162,9 @@ void CWindow::OnCreate() { timer_.add(kOwnTimer, 1, this); }
 void CWindow::OnActivateApp(bool on) {
     if (active_ == on) return;
     active_ = on;
+    if (on && canvas_) canvas_->onFocusOn();
     if (pollThread_) pollThread_->suspend(!on);
+    if (!on && canvas_) canvas_->onFocusOff();
     if (!on) windowDragged_ = false;
 }
 
@@ -171,6 +177,60 @@ void CWindow::SetTimer(int id, unsigned period, CUnit6 * unit, bool onlyWhenActi
         timer_.add(id, period, unit, onlyWhenActive);
     else
         timer_.add(id, period, this);
+}
+
+// ----------------------------------------------------------------------------------------------- the screen
+
+int CWindow::CreateSurface(HWND) { return open(std::make_unique<CSurface>(size_)); }
+
+int CWindow::SetDisplayMode(int width, int height, int bpp) {
+    CXSize size(width ? width : size_.cx, height ? height : size_.cy);
+    canvas_.reset();
+    return open(std::make_unique<CSurface>(size, bpp, commandLine_->isPageFlippingEnabled()));
+}
+
+int CWindow::open(std::unique_ptr<CSurface> surface) {
+    int error = surface->LastError();
+    if (error) return error;
+    size_ = surface->getSize();
+    surface_ = std::move(surface);
+    ddSurface_ = std::make_unique<CDirectDrawSurface>(this, size_, surface_->getDepth());
+    canvas_ = std::make_unique<CRefreshScreen>(this, false);
+    return 0;
+}
+
+void CWindow::Redraw() {
+    if (!canvas_ || !active_) return;
+    bool again = false;
+    if (canvas_->Redraw(ddSurface_.get(), surface_.get(), &again)) {
+        CRefreshRegion & region = canvas_->getRegion();
+        if (surface_->IsFlippingEnabled() || region.isWhole())
+            surface_->Flip(ddSurface_.get());
+        else
+            for (CXRect rect : region.rects()) surface_->Blt(ddSurface_.get(), rect.left, rect.top, &rect);
+        region.removeAll();
+    }
+    if (again) canvas_->Invalidate();
+}
+
+char * CWindow::GetScreenPtr() { return ddSurface_ ? ddSurface_->GetDataPtr() : nullptr; }
+
+int CWindow::GetBpp() { return surface_ ? surface_->getDepth() : 16; }
+
+void CWindow::Invalidate(CXRect * rect) {
+    if (canvas_) canvas_->Invalidate(rect);
+}
+
+void CWindow::SetBackground(CGraphicsObject * picture) {
+    if (canvas_) canvas_->SetBackground(picture);
+}
+
+void CWindow::SetBackground(CColor * colour) {
+    if (canvas_) canvas_->SetBackground(colour);
+}
+
+void CWindow::SetBackground(const CXString & file) {
+    if (canvas_) canvas_->SetBackground(file);
 }
 
 // ------------------------------------------------------------------------------------------------ cursors

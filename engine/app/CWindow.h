@@ -18,12 +18,15 @@
 #include <vector>
 
 class CApplication;
+class CColor;
 class CCommandLine6;
 class CConfig;
+class CDirectDrawSurface;
 class CFile;
 class CGraphicsObject;
 class CLanguageOSVer;
 class CMC_Object;
+class CRefreshScreen;
 class CSurface;
 
 using HCURSOR = void *; // a cursor image of the host; null for none
@@ -43,14 +46,18 @@ public:
     ~CWindow() override;
 
     // ---- what the host calls
-    virtual void Redraw() {} // shows what changed since the last call
+    // Opens the display, in a window at its own depth or full screen; 0 for a size means the window's. The
+    // error code, 0 for none.
+    int CreateSurface(HWND hwnd);
+    int SetDisplayMode(int width, int height, int bpp);
+    virtual void Redraw();   // shows what changed since the last call
     virtual void OnCreate(); // installs the window's own timer
     virtual int OnInitialUpdate() { return 0; }
     virtual int OnTimer(int) { return 0; }
     virtual void OnActivateApp(bool on); // the program gained or lost the focus; no ticks without it
     virtual void OnDestroy();            // ends the polling thread
     virtual bool OnExit();               // whether the window may close
-    virtual void OnMove(int, int) {}
+    virtual void OnMove(int, int) { Invalidate(); }
 
     // One step of the game, while the host's queue is empty; true when it is over.
     bool domodal();
@@ -116,8 +123,17 @@ public:
     virtual void setMusicPan(int) {}
     virtual void setMusicFreq(int) {}
 
-    // ---- the display and the collisions come with the screen
-    virtual CSurface * GetSurface() { return nullptr; }
+    // ---- the screen; all are null, and nothing happens, until the display is open
+    CSurface * GetSurface() { return surface_.get(); }
+    CDirectDrawSurface * getDDSurface() { return ddSurface_.get(); } // what frames are painted onto
+    CRefreshScreen * getCanvas() { return canvas_.get(); }
+    char * GetScreenPtr();
+    int GetBpp();                   // 16 without a display
+    void Invalidate(CXRect * rect); // null: all of the screen
+    void Invalidate() { Invalidate(nullptr); }
+    void SetBackground(CGraphicsObject * picture);
+    void SetBackground(CColor * colour);
+    void SetBackground(const CXString & file);
     virtual void onPositionChanged(CGraphicsObject *) {} // of an object whose collisions are monitored
 
     // ---- what it holds
@@ -172,6 +188,7 @@ private:
     struct MouseEntry;
 
     void openLog();
+    int open(std::unique_ptr<CSurface> surface);
     bool hears(int flags) const { return flags == 0 && mouseEnabled_; }
     int hotSpots(int event, CXPoint point);
     template <class Tell>
@@ -201,6 +218,9 @@ private:
     bool windowDragged_ = false;
     CXPoint catchPoint_;
     bool active_ = false;
+    std::unique_ptr<CSurface> surface_;
+    std::unique_ptr<CDirectDrawSurface> ddSurface_;
+    std::unique_ptr<CRefreshScreen> canvas_;
     CXTimer timer_;
     CPublicTrash publicTrash_;
     CXString soundFXPath_;

@@ -1,6 +1,41 @@
 #include "graphics/CSurface.h"
 
+#include "graphics/CDirectDrawSurface.h"
+#include "platform/World.h"
+
+#include <algorithm>
+
 std::uint32_t * CSurface::bpp_cnv_table = nullptr;
+
+CSurface::CSurface(CXSize size, int depth, bool flipping) : size_(size), depth_(depth), flipping_(flipping) {
+    open(false);
+}
+
+CSurface::CSurface(CXSize size) : size_(size), depth_(platform::world().display->depth()) { open(true); }
+
+void CSurface::open(bool inWindow) {
+    prepareBppConversionTable(depth_);
+    if (!platform::world().display->setMode(size_.cx, size_.cy, depth_, inWindow)) setErrorCode(kNoDisplay);
+}
+
+void CSurface::Blt(CDirectDrawSurface * source, int x, int y, CXRect * rect) {
+    platform::Display & display = *platform::world().display;
+    auto * from = reinterpret_cast<const std::uint16_t *>(source->GetDataPtr());
+    std::uint16_t * to = display.pixels();
+    if (!from || !to) return;
+    CXRect part = CXRect(0, 0, source->getWidth(), source->getHeight());
+    if (rect) part = part.Common(*rect);
+    CXRect place = (CXRect(0, 0, part.Width(), part.Height()) + CXPoint(x, y))
+                       .Common(CXRect(0, 0, display.width(), display.height()));
+    if (place.Width() <= 0 || place.Height() <= 0) return;
+    int left = part.left + place.left - x, top = part.top + place.top - y;
+    for (int row = 0; row < place.Height(); row++)
+        std::copy_n(from + static_cast<std::ptrdiff_t>(top + row) * source->getWidth() + left, place.Width(),
+                    to + static_cast<std::ptrdiff_t>(place.top + row) * display.width() + place.left);
+    display.show(place.left, place.top, place.right, place.bottom);
+}
+
+void CSurface::Flip(CDirectDrawSurface * back) { Blt(back, 0, 0, nullptr); }
 
 void CSurface::prepareBppConversionTable(int depth) {
     if (depth < 24 || bpp_cnv_table) return;

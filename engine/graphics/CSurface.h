@@ -1,17 +1,32 @@
 #pragma once
 
-// The display: its size and depth, and the table that widens pixels for a 24- or 32-bit one.
+// The display: the picture that is seen, its size and depth, and the table that widens pixels for a 24- or
+// 32-bit one. Owned by the window; there is one for a display at a time.
 
+#include "core/CXObject.h"
+#include "core/CXRect.h"
 #include "core/CXSize.h"
 
 #include <cstdint>
 
-class CSurface {
+class CDirectDrawSurface;
+
+class CSurface : public CXObject {
 public:
-    CSurface(CXSize size, int depth) : size_(size), depth_(depth) { prepareBppConversionTable(depth); }
+    static constexpr int kNoDisplay = -998; // error code: the machine has no such mode
+
+    // Full screen with flipping: the whole back picture comes to the front at once.
+    CSurface(CXSize size, int depth, bool flipping = false);
+    // In a window, at the display's own depth.
+    explicit CSurface(CXSize size);
 
     CXSize getSize() const { return size_; }
     int getDepth() const { return depth_; } // 15, 16, 24 or 32
+    bool IsFlippingEnabled() const { return flipping_; }
+
+    // A part of the source to a place on the display, cut to both.
+    void Blt(CDirectDrawSurface * source, int x, int y, CXRect * rect);
+    void Flip(CDirectDrawSurface * back); // all of it
 
     // 65536 entries: a 16-bit pixel as 0x00RRGGBB, the low bits of each byte zero. Null until prepared.
     static std::uint32_t * bpp_cnv_table; // owned, made once
@@ -21,6 +36,9 @@ public:
     static void releaseBppConversionTable();
 
 private:
+    void open(bool inWindow);
+
     CXSize size_;
     int depth_;
+    bool flipping_ = false;
 };

@@ -118,12 +118,12 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
     if (useCondition)
         if (CMC_Object * condition = conditionObject_.get())
             if (!static_cast<CMC_BasicCondition *>(condition)->valid(true)) return false;
-    if (depth >= kDeepest) {
+    if (depth >= bounds.depth) {
         refuse();
         return false;
     }
     if (depth == 0) {
-        taken = {0, 0};
+        taken = {0, 0, 0};
         isLeaving = false;
     }
     depth++;
@@ -138,8 +138,8 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
 
 void CMC_Behaviour::refuse() {
     notes::add(notes::Kind::tooDeep, std::string(getName().view()) +
-                                         " isn't run: behaviours run each other " + std::to_string(kDeepest) +
-                                         " deep");
+                                         " isn't run: behaviours run each other " +
+                                         std::to_string(bounds.depth) + " deep");
     if (++taken.tooDeep == 1) dispMsgBox(nullptr, "Behaviour " + getName() + " runs itself without end");
     // One that runs itself twice would try every way down.
     if (taken.tooDeep >= bounds.tooDeep) isLeaving = true;

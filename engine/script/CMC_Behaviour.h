@@ -72,8 +72,7 @@ private:
 
 class CMC_Behaviour : public CMC_Object, public CTimerNotificator {
 public:
-    static constexpr int kLimit = 10240;  // bytes that a statement, or a text with its arguments, may take
-    static constexpr int kDeepest = 1000; // behaviours that run inside each other
+    static constexpr int kLimit = 10240; // bytes that a statement, or a text with its arguments, may take
     static const char * const kSignals[3];
     static const char * const kKeys[2];
 
@@ -137,7 +136,8 @@ public:
     // run that takes more is left as far as that bound asks, with a note.
     struct Bounds {
         long turns = 100'000'000; // of all loops together: then every loop ends
-        int tooDeep = 100;        // runs refused at kDeepest: then all behaviours end
+        int tooDeep = 100;        // runs refused for their depth: then all behaviours end
+        int depth = 1000;         // behaviours that run inside each other
     };
     static Bounds bounds;
     static bool nextTurn(); // counts a loop's turn; false when the loop has to end
