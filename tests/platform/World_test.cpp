@@ -13,7 +13,7 @@ TEST_F(HeadlessWorld, IsComplete) {
     EXPECT_EQ(&platform::world(), &world());
     EXPECT_EQ(world().describe(),
               "clock: virtual\ntimers: virtual\nrandom: seed 1\nfiles: machine\n"
-              "locale: fixed\ndialogs: lines on standard output\ndebugger: standard error\n");
+              "locale: fixed\ndialogs: lines on standard output\ndebugger: standard error\ndisplay: memory\n");
     EXPECT_EQ(world().files->currentDirectory(), windowsFolder());
     EXPECT_EQ(world().locale->languageCode(), "0409");
 
@@ -30,7 +30,7 @@ TEST(World, DesktopTakesTheMachine) {
     EXPECT_GT(world->random->hostSeed(), 1u);
     EXPECT_EQ(world->describe(),
               "clock: system\ntimers: thread\nrandom: seed " + std::to_string(world->random->hostSeed()) +
-                  "\nfiles: machine\nlocale: system\ndialogs: terminal\ndebugger: standard error\n");
+                  "\nfiles: machine\nlocale: system\ndialogs: terminal\ndebugger: standard error\ndisplay: memory\n");
 }
 
 // A process runs one world after another; nothing of the first is left in the second.
