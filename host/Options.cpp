@@ -58,8 +58,10 @@ int read(int argc, char ** argv, Options & options) {
     app.add_option("--input", options.input, "headless: file of input events, TICK EVENT ARGUMENTS a line");
     std::vector<std::string> screenshots;
     app.add_option("--screenshot", screenshots, "the picture after a tick, TICK:FILE.png")
-        ->expected(1)
-        ->allow_extra_args(false);
+        ->type_size(1)
+        ->expected(1, CLI::detail::expected_max_vector_size) // given again and again, one word each time
+        ->allow_extra_args(false)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     app.add_option("--audio", options.audio, "headless: all that would be heard, as a WAV file");
     app.add_option("--config", options.config, "settings file in the game's folder")->capture_default_str();
     app.add_option("--archive", options.archive, "big file to open");

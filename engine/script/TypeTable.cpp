@@ -1,5 +1,7 @@
 #include "script/TypeTable.h"
 
+#include "graphics/CImage.h"
+#include "graphics/CMC_Image.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
 #include "script/CMC_Bool.h"
@@ -32,6 +34,10 @@ constexpr TypeRow row(std::string_view word, int id, int pass) {
     return {word, id, pass, make<Type>, Type::kKeys, Type::kSignals};
 }
 
+CGraphicsObject * pictureOf(CMC_Object * object, const CXString &) {
+    return static_cast<CMC_Image *>(object)->getImage();
+}
+
 // The order of objects in a scope follows from the passes: what later constructors look up comes first.
 const TypeRow kRows[] = {
     row<CMC_Behaviour>("BEHAVIOUR", types::kBehaviour, 1),
@@ -44,6 +50,7 @@ const TypeRow kRows[] = {
     row<CMC_Expression>("EXPRESSION", types::kExpression, 3),
     row<CMC_Array>("ARRAY", types::kArray, 3),
     row<CMC_MultiArray>("MULTIARRAY", types::kMultiArray, 3),
+    {"IMAGE", types::kImage, 5, make<CMC_Image>, CMC_Image::kKeys, CMC_Image::kSignals, nullptr, pictureOf},
     row<CMC_Vector>("VECTOR", types::kVector, 5),
     row<CMC_Timer>("TIMER", types::kTimer, 6),
     row<CMC_Groupped>("GROUP", types::kGroup, 6),
