@@ -124,7 +124,7 @@ public:
     virtual void setMusicFreq(int) {}
 
     // ---- the screen; all are null, and nothing happens, until the display is open
-    CSurface * GetSurface() { return surface_.get(); }
+    virtual CSurface * GetSurface() { return surface_.get(); }
     CDirectDrawSurface * getDDSurface() { return ddSurface_.get(); } // what frames are painted onto
     CRefreshScreen * getCanvas() { return canvas_.get(); }
     char * GetScreenPtr();
