@@ -68,7 +68,13 @@ bool CMC_Image::done(bool all) {
 }
 
 CMC_Object * CMC_Image::clone() {
-    std::unique_ptr<CImage> copy(static_cast<CImage *>(image_->clone()));
+    // Planes of its own: the source may load another picture, or go.
+    auto copy = std::make_unique<CImage>(window_);
+    copy->Copy(image_.get());
+    copy->setFilename(image_->getFileName());
+    copy->setAnchor(image_->getAnchor());
+    copy->SetOpacity(image_->GetOpacity());
+    copy->toRelease(image_->isToRelease());
     copy->setVisibility(image_->isVisible());
     auto * made = new CMC_Image(scene_, std::move(copy), *this);
     CRefreshScreen * screen = canvas();

@@ -24,7 +24,7 @@ public:
     bool done(bool all) override;
     SignalList getBehavioursList() override { return kSignals; }
     CMC_Runner * getRunner() override;
-    CMC_Object * clone() override; // with a sharing copy of the picture, at its place on the screen
+    CMC_Object * clone() override; // at the picture's place on the screen
 
     // Another picture, at the old one's place; nothing for the file that it has. now: not at the first show.
     void load(const CXString & file, bool now);
