@@ -51,6 +51,14 @@ private:
     std::uint32_t last_ = 0;
 };
 
+// The root of the game that couldn't be loaded, the first one or one that it handed over to.
+int noGame(platform::World & world) {
+    const CXString & folder = CWindow::getCDPath();
+    complain("no game in ", world.files->toMachine(std::string(folder.view())) +
+                                ": looked for Dane/application.def with an element of TYPE APPLICATION");
+    return kNoApplication;
+}
+
 int play(const Options & options, platform::World & world, InputScript & input) {
     CCommandLine6 commandLine(platform::fromUtf8(options.engineText).c_str());
     CLanguageOSVer language;
@@ -68,15 +76,7 @@ int play(const Options & options, platform::World & world, InputScript & input) 
     CApplication application(&window, CXString(platform::fromUtf8(options.config)),
                              CXString(platform::fromUtf8(options.archive)), &commandLine);
     application.preinitializeApplication(false);
-    if (application.LastError()) {
-        std::string folder = options.game;
-        if (commandLine.isGame()) folder += "/" + platform::toUtf8(commandLine.getPath().view());
-        std::fprintf(
-            stderr,
-            "tarnook: no game in %s: looked for Dane/application.def with an element of TYPE APPLICATION\n",
-            folder.c_str());
-        return kNoApplication;
-    }
+    if (application.LastError()) return noGame(world);
     window.OnActivateApp(true);
     Pace pace(options, world);
     Screenshots screenshots(options.screenshots, *world.display);
@@ -84,10 +84,11 @@ int play(const Options & options, platform::World & world, InputScript & input) 
         bool over = input.play(tick, window) || window.domodal();
         if (!screenshots.take(tick)) return kNoDevice;
         if (over || tick == options.ticks) break;
+        if (application.LastError()) break; // it handed over to a folder without a game
         pace.wait();
     }
     window.OnDestroy();
-    return kEnded;
+    return application.LastError() ? noGame(world) : kEnded;
 }
 
 } // namespace

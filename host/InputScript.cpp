@@ -2,60 +2,90 @@
 
 #include "app/CWindow.h"
 
+#include <algorithm>
+#include <charconv>
+#include <climits>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+#include <utility>
 
 namespace host {
 
-bool InputScript::parse(const std::string & line, Event & event) {
-    std::istringstream words(line);
-    std::string name, word;
-    if (!(words >> event.tick >> name) || event.tick < 1) return false;
-    auto numbers = [&](bool both) {
-        return static_cast<bool>(words >> event.a) && (!both || static_cast<bool>(words >> event.b));
+namespace {
+
+bool number(const std::string & word, long low, long high, long & value) {
+    auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+    return error == std::errc() && end == word.data() + word.size() && value >= low && value <= high;
+}
+
+} // namespace
+
+std::string InputScript::parse(const std::string & line, Event & event) {
+    struct Row {
+        const char * name;
+        Kind kind;
+        const char * wants; // b: a button, p: a coordinate, k: a byte, f: on or off
     };
-    bool sound = false;
-    if (name == "move" || name == "dblclick") {
-        event.kind = name == "move" ? Kind::move : Kind::doubleClick;
-        sound = numbers(true);
-    } else if (name == "down" || name == "up") {
-        event.kind = name == "down" ? Kind::down : Kind::up;
-        words >> word;
-        event.button = word == "left" ? 0 : word == "middle" ? 1 : word == "right" ? 2 : -1;
-        sound = event.button >= 0 && numbers(true);
-    } else if (name == "keydown" || name == "keyup" || name == "char") {
-        event.kind = name == "keydown" ? Kind::keyDown : name == "keyup" ? Kind::keyUp : Kind::character;
-        sound = numbers(false) && event.a >= 0 && event.a <= 255;
-    } else if (name == "focus") {
-        event.kind = Kind::focus;
-        words >> word;
-        event.a = word == "on";
-        sound = word == "on" || word == "off";
-    } else if (name == "close") {
-        event.kind = Kind::close;
-        sound = true;
+    static constexpr Row kRows[] = {{"move", Kind::move, "pp"},      {"down", Kind::down, "bpp"},
+                                    {"up", Kind::up, "bpp"},         {"dblclick", Kind::doubleClick, "pp"},
+                                    {"keydown", Kind::keyDown, "k"}, {"keyup", Kind::keyUp, "k"},
+                                    {"char", Kind::character, "k"},  {"focus", Kind::focus, "f"},
+                                    {"close", Kind::close, ""}};
+
+    std::istringstream text(line);
+    std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+    if (!number(words[0], 1, LONG_MAX, event.tick)) return words[0] + " is no tick: they count from 1";
+    if (words.size() < 2) return "no event behind the tick";
+    const Row * row = std::ranges::find(kRows, words[1], &Row::name);
+    if (row == std::end(kRows)) return "unknown event " + words[1];
+    event.kind = row->kind;
+    std::size_t next = 2;
+    int * coordinate = &event.a;
+    for (const char * want = row->wants; *want; want++, next++) {
+        const std::string word = next < words.size() ? words[next] : "";
+        const std::string found = word.empty() ? " behind " + words[next - 1] : ", not " + word;
+        long value = 0;
+        switch (*want) {
+        case 'b':
+            event.button = word == "left" ? 0 : word == "middle" ? 1 : word == "right" ? 2 : -1;
+            if (event.button < 0) return words[1] + " wants left, middle or right" + found;
+            break;
+        case 'p':
+            if (!number(word, INT_MIN, INT_MAX, value)) return words[1] + " wants x and y" + found;
+            *std::exchange(coordinate, &event.b) = static_cast<int>(value);
+            break;
+        case 'k':
+            if (!number(word, 0, 255, value)) return words[1] + " wants a number up to 255" + found;
+            event.a = static_cast<int>(value);
+            break;
+        default:
+            if (word != "on" && word != "off") return words[1] + " wants on or off" + found;
+            event.a = word == "on";
+        }
     }
-    return sound && !(words >> word);
+    return next < words.size() ? words[next] + " is too much" : std::string();
 }
 
 bool InputScript::load(const std::string & file) {
+    std::error_code error;
     std::ifstream in(file);
-    if (!in) return false;
+    if (!in || std::filesystem::is_directory(file, error)) return false;
     std::string line;
     for (int number = 1; std::getline(in, line); number++) {
         line.resize(std::min(line.find('#'), line.size()));
         if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
         Event event;
-        const char * mistake = nullptr;
-        if (!parse(line, event))
-            mistake = "is no event";
-        else if (!events_.empty() && event.tick < events_.back().tick)
-            mistake = "comes too late: ticks must rise";
-        if (mistake)
-            std::fprintf(stderr, "tarnook: %s:%d: %s\n", file.c_str(), number, mistake);
-        else
+        std::string mistake = parse(line, event);
+        if (mistake.empty() && !events_.empty() && event.tick < events_.back().tick)
+            mistake = "tick " + std::to_string(event.tick) + " stands behind tick " +
+                      std::to_string(events_.back().tick) + ": they must rise";
+        if (mistake.empty())
             events_.push_back(event);
+        else
+            std::fprintf(stderr, "tarnook: %s:%d: %s; left out\n", file.c_str(), number, mistake.c_str());
     }
     return true;
 }

@@ -12,8 +12,8 @@ namespace host {
 
 class InputScript {
 public:
-    // Reads the file. Lines that are no events are left out, each told on standard error; false when the
-    // file can't be read.
+    // Reads the file. Lines that are no events are left out, each told on standard error with its number and
+    // the reason; false when the file can't be read.
     bool load(const std::string & file);
     // Hands the events of a tick to the window; true when one of them closes the game.
     bool play(long tick, CWindow & window);
@@ -27,7 +27,7 @@ private:
         int a = 0, b = 0;
     };
 
-    static bool parse(const std::string & line, Event & event);
+    static std::string parse(const std::string & line, Event & event); // the mistake, empty for none
     static bool tell(const Event & event, CWindow & window);
 
     std::vector<Event> events_;

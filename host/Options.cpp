@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <filesystem>
 
 namespace host {
 
@@ -19,7 +20,14 @@ Screenshot screenshot(const std::string & text) {
     return {tick, text.substr(colon + 1)};
 }
 
-// Splits what the host doesn't know into the engine's words and the game's folder.
+// A word behind one slash is an option of a game's own scripts, or a folder of the machine.
+bool maybeOption(const std::string & word) {
+    return word.starts_with('/') && word.find('/', 1) == std::string::npos &&
+           !std::filesystem::is_directory(word);
+}
+
+// Splits what the host doesn't know into the engine's words and the game's folder, the last that is no
+// option and no option's argument.
 void split(const std::vector<std::string> & words, Options & options) {
     std::size_t folder = words.size();
     for (std::size_t i = 0; i < words.size(); i++) {
@@ -27,7 +35,7 @@ void split(const std::vector<std::string> & words, Options & options) {
         int arguments = CCommandLine6::argumentsOf(words[i]);
         if (arguments >= 0)
             i += static_cast<std::size_t>(arguments);
-        else if (!words[i].starts_with('-'))
+        else if (!words[i].starts_with('-') && (folder == words.size() || !maybeOption(words[i])))
             folder = i;
     }
     options.game = folder < words.size() ? words[folder] : ".";
@@ -47,22 +55,26 @@ int read(int argc, char ** argv, Options & options) {
     app.allow_extras();
     app.set_help_flag("--help", "this text");
     app.set_version_flag("--version", "Tarnook " TARNOOK_VERSION);
-    app.add_flag("--headless", options.headless,
-                 "no window and no sound: virtual time, message boxes as lines");
+    CLI::Option * headless = app.add_flag("--headless", options.headless,
+                                          "no window and no sound: virtual time, message boxes as lines");
     app.add_option("--ticks", options.ticks, "leave after so many ticks")->check(CLI::PositiveNumber);
-    app.add_option("--step", options.step, "headless: milliseconds between ticks")->capture_default_str();
+    app.add_option("--step", options.step, "headless: milliseconds between ticks")
+        ->needs(headless)
+        ->capture_default_str();
     app.add_option("--seed", options.seed, "seed of the random numbers")->check(CLI::PositiveNumber);
     app.add_option("--depth", options.depth, "depth of the display")
         ->check(CLI::IsMember({15, 16}))
         ->capture_default_str();
-    app.add_option("--input", options.input, "headless: file of input events, TICK EVENT ARGUMENTS a line");
+    app.add_option("--input", options.input, "headless: file of input events, TICK EVENT ARGUMENTS a line")
+        ->needs(headless);
     std::vector<std::string> screenshots;
     app.add_option("--screenshot", screenshots, "the picture after a tick, TICK:FILE.png")
         ->type_size(1)
         ->expected(1, CLI::detail::expected_max_vector_size) // given again and again, one word each time
         ->allow_extra_args(false)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    app.add_option("--audio", options.audio, "headless: all that would be heard, as a WAV file");
+    app.add_option("--audio", options.audio, "headless: all that would be heard, as a WAV file")
+        ->needs(headless);
     app.add_option("--config", options.config, "settings file in the game's folder")->capture_default_str();
     app.add_option("--archive", options.archive, "big file to open");
     app.add_option("--rate", options.rate, "desktop: ticks a second at most")

@@ -32,7 +32,7 @@ CMC_Application::CMC_Application(CWindow * window, CMC_StructureParser * parser,
     if (CXString start = element->getPropertyValue("STARTWITH"); start.IsString())
         startScene_ = dynamic_cast<CMC_Scene *>(parser->get(start));
     if (!startScene_ && subScenes_.size > 0) startScene_ = subScene(0);
-    enterFolder(CWindow::getCDPath());
+    enterFolders(CWindow::getCDPath());
     loadCnv();
 }
 

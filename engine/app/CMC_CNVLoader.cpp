@@ -35,11 +35,16 @@ void CMC_CNVLoader::load(const CXString & file) {
     auto * group = new CMC_Groupped(scope, file);
     scope->addObject(group);
     life::Guard guard;
+    life::Handle wanted(group);
     for (int i = 0; i < elements->size; i++) {
         std::unique_ptr<CXVector> made(scope->resolve(elements->getAt(i), group));
         for (CXObject * each : *made) {
             auto * object = static_cast<CMC_Object *>(each);
             object->init();
+            if (!wanted.get()) { // its script released the file, or left the scene
+                life::bury(object);
+                return;
+            }
             scope->addObject(object);
             group->add(object);
             if (CXVector * inlined = object->getTmpBehList())
@@ -49,10 +54,10 @@ void CMC_CNVLoader::load(const CXString & file) {
 }
 
 void CMC_CNVLoader::release(const CXString & file) {
-    CMC_ObjectsContainer * scope = target();
-    CMC_Object * found = scope->getObject(file);
+    CMC_Object * found = target()->getObject(file);
     if (!found || found->getType() != types::kGroup) return;
     auto * group = static_cast<CMC_Groupped *>(found);
+    CMC_ObjectsContainer * scope = group->getScene(); // an outer one, when it was loaded without a scene
     life::Guard guard;
     std::vector<life::Handle> objects;
     for (CXObject * each : *group->getList()) objects.emplace_back(static_cast<CMC_Object *>(each));
@@ -65,9 +70,9 @@ void CMC_CNVLoader::release(const CXString & file) {
             CMC_Object * clone = scope->getObject(name);
             if (clone && scope->removeObject(clone)) life::bury(clone);
         }
-        scope->removeObject(object);
-        object->done(true);
         group->remove(object);
+        if (!scope->removeObject(object)) continue; // a script put another scope's object into the group
+        object->done(true);
         if (each.get()) life::bury(object);
     }
     scope->removeObject(group);

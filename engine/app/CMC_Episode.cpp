@@ -17,7 +17,7 @@ CMC_Episode::CMC_Episode(CWindow * window, CMC_StructureParser * parser, CMEleme
 
 bool CMC_Episode::initialize(CMC_Scene * previous) {
     unit_ = getDefUnit();
-    enterFolder(CWindow::getCDPath());
+    enterFolders(CWindow::getCDPath());
     loadCnv();
     onInit();
     runInit();

@@ -39,6 +39,7 @@ CMC_Scene::CMC_Scene(CWindow * window, CMC_ObjectsContainer * parent, CMElement 
       music_(element->getPropertyValue("MUSIC")),
       deamon_(element->getPropertyBoolValue("DEAMON")) {
     if (!defUnit) defUnit = std::make_unique<CUnit6>(window, "Default");
+    if (parent) setParent(parent);
     setScene(this);
     addObject(this);
 }
@@ -67,10 +68,10 @@ bool CMC_Scene::onSignal(const CXString & signal) {
     return false;
 }
 
-CMC_Scene * CMC_Scene::getSceneNamed(const CXString & name) {
+CMC_Scene * CMC_Scene::getScene(const CXString & name) {
     if (getName() == name) return this;
     for (int i = 0; i < subScenes_.size; i++)
-        if (CMC_Scene * found = subScene(i)->getSceneNamed(name)) return found;
+        if (CMC_Scene * found = subScene(i)->getScene(name)) return found;
     return nullptr;
 }
 
@@ -88,20 +89,28 @@ void CMC_Scene::adopt(CMC_Scene * child) {
 
 // ------------------------------------------------------------------------------------------------ entering
 
-bool CMC_Scene::enterFolder(const CXString & root) const {
-    if (CFile::chDir(root) != 0) return false;
-    CXString folder = CFolder::DATA_FOLDER;
-    if (path_.IsString()) folder += "\\" + path_;
-    return CFile::chDir(folder) == 0;
+void CMC_Scene::enterFolders(const CXString & root) const {
+    CFile::chDir(root);
+    CFile::chDir(CFolder::DATA_FOLDER);
+    if (path_.IsString()) CFile::chDir(path_);
+}
+
+void CMC_Scene::resolveDLLs(const CXString & list) {
+    CWindow::toLog("scene " + getName() + ": this build loads no modules: " + list + "\n", false);
 }
 
 bool CMC_Scene::initialize(CMC_Scene * previous) {
     CWindow * window = getWindow();
     window->BeginWaitCursor();
     unit_ = getDefUnit();
+    CFile::chDir(CWindow::rootPath);
+    if (dlls_.IsString()) resolveDLLs(dlls_);
     // The local tree goes before the second root.
-    if (!enterFolder(CWindow::rootPath) || !CFile::fileExists(getName() + ".cnv"))
-        enterFolder(CWindow::getCDPath());
+    const CXString folder = CFolder::DATA_FOLDER + "\\" + path_;
+    if (CFile::chDir(folder) != 0 || !CFile::fileExists(getName() + ".cnv")) {
+        CFile::chDir(CWindow::getCDPath());
+        CFile::chDir(folder);
+    }
     previousUnitName_ = unit_->getUnitName();
     unit_->setUnitName(getName());
     loadCnv();
@@ -147,9 +156,8 @@ void CMC_Scene::runInit() {
 
 void CMC_Scene::unload(CMC_Scene * next) {
     life::Guard guard;
-    for (CMC_ObjectsContainer * outer = getParent(); outer; outer = outer->getParent())
-        outer->onSubSceneDone(this);
     endScope();
+    doneDLLs();
     if (unit_) {
         unit_->done(this, getDefUnit());
         unit_->flushEditBoxes();
@@ -159,6 +167,10 @@ void CMC_Scene::unload(CMC_Scene * next) {
 }
 
 void CMC_Scene::endScope() {
+    life::Guard guard;
+    for (CMC_ObjectsContainer * outer = getParent(); outer; outer = outer->getParent())
+        outer->onSubSceneDone(this);
+    saveStats();
     flushBehList();
     // The scenes that the scope names stay there.
     std::vector<CMC_Object *> scenes;

@@ -28,8 +28,12 @@ public:
     using CMC_ObjectsContainer::onSignal;
     void unload() override { CMC_ObjectsContainer::unload(); }
 
+    virtual void resolveDLLs(const CXString & list); // loads the modules that the definition asks for
+    virtual void doneDLLs() {}
+    virtual void saveStats() {} // no statistics are kept
     virtual bool isBinary() { return false; }
-    virtual CMC_Scene * getSceneNamed(const CXString & name); // in the subtree of this one, itself included
+    using CMC_ObjectsContainer::getScene;
+    virtual CMC_Scene * getScene(const CXString & name); // in the subtree of this one, itself included
     virtual CMC_Scene * getCurrentScene() { return current_; }
     virtual bool initialize(CMC_Scene * previous); // enters the scene
     virtual bool domodal();                        // carries out a pending change, goes down the tree
@@ -40,8 +44,8 @@ public:
     virtual bool loadCnv(); // reads NAME.cnv of the current folder; false when it isn't there
     virtual CMC_Application * getMCApplication();
     virtual void restart();
-    virtual void unload(CMC_Scene * next);           // next: the scene that follows, null at the end
-    virtual void leave() {}                          // this one is left for another at the same level
+    virtual void unload(CMC_Scene * next); // next: the scene that follows, null at the end
+    virtual void leave() {} // this one is left for another at the same level: what lived for it goes
     virtual CMC_Scene * find(const CXString & name); // among the direct children
     virtual void _goto(CMC_Scene * target, CMC_Scene * from);
     virtual void _goto(const CXString & name); // in the next domodal; an unknown name clears what was pending
@@ -68,12 +72,16 @@ public:
     static bool isScene(const CMC_Object * object);
 
 protected:
-    void runInit();  // "__INIT__", when there is one
-    void endScope(); // ends and deletes the objects, as unload does, with no ONDONE of its own
+    void runInit(); // "__INIT__", when there is one
+    // Ends and deletes the objects, as unload does, with no ONDONE of its own; outer scopes forget what was
+    // bound from here.
+    void endScope();
     CMC_Scene * subScene(int i) { return static_cast<CMC_Scene *>(subScenes_.at(i)); }
     // A child by name from a list of the definition: set as parent of it, in the scope.
     void adopt(CMC_Scene * child);
-    bool enterFolder(const CXString & root) const; // the folder of this scene's definition
+    // The folder of this one's definition below a root, step by step: where a folder is missing the search
+    // stays above it.
+    void enterFolders(const CXString & root) const;
 
     CXString path_;
     CUnit6 * unit_ = nullptr; // the default unit while running

@@ -6,11 +6,12 @@
 #include "input/CHotSpot.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
-#include "script/CMC_Behaviour_Runner.h"
 #include "script/CMC_Groupped.h"
 #include "script/CMC_ObjectsContainer.h"
 #include "script/CMC_RunnerFactory.h"
+#include "script/Notes.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 
@@ -27,6 +28,8 @@ CMC_Variable * scenemethods::run(Call & call) {
 }
 
 namespace {
+
+constexpr std::int64_t kMostClones = 1 << 20; // looked up by one call
 
 CMC_Scene * scene(Call & call) { return call.self<CMC_Scene>(); }
 CWindow * window(Call & call) { return scene(call)->getWindow(); }
@@ -49,6 +52,17 @@ CMC_Variable * getPlayingSeq(Call & call) {
     return nullptr;
 }
 
+// Calls step with the names of the clones from first to last, until it answers false.
+template <class Step>
+void eachClone(const CXString & object, std::int64_t first, std::int64_t last, Step && step) {
+    if (last - first >= kMostClones) {
+        notes::add(notes::Kind::other, "too many clones to look for");
+        return;
+    }
+    for (std::int64_t i = first; i <= last; i++)
+        if (!step(object + "_" + CXString::toString(static_cast<int>(i)))) return;
+}
+
 CMC_Variable * runClones(Call & call) {
     CMC_Object * object = scene(call)->getObject(call.text(0));
     if (!object) return nullptr;
@@ -64,14 +78,15 @@ CMC_Variable * runClones(Call & call) {
         temporary->init();
     }
     life::Handle behaviour(named->getType() == types::kBehaviour ? named : nullptr);
-    CXArray * args = code::arguments(call, 4);
-    args->insertAt(0, new CXString);
-    for (int i = first; i <= last && behaviour.get(); i++) {
-        CXString & clone = *args->stringAt(0);
-        clone = name + "_";
-        clone += i;
-        if (static_cast<CMC_Behaviour *>(behaviour.get())->run(nullptr, args, true)) break;
-    }
+    auto * args = new CXArray(101, 0.75F);
+    args->add(new CXString);
+    for (int i = 4; i < call.count(); i++) args->add(new CXString(call.text(i)));
+    // A BREAK ends one turn, not the walk.
+    eachClone(name, first, last, [&](const CXString & clone) {
+        *args->stringAt(0) = clone;
+        if (behaviour.get()) static_cast<CMC_Behaviour *>(behaviour.get())->run(nullptr, args, true);
+        return behaviour.get() != nullptr;
+    });
     life::buryStrings(args);
     life::bury(temporary);
     return nullptr;
@@ -89,22 +104,22 @@ CMC_Variable * remove(Call & call) {
 }
 
 CMC_Variable * removeClones(Call & call) {
+    // Clones may outlive their source; only who wants all of them needs it.
     CMC_Object * object = scene(call)->getObject(call.text(0));
-    if (!object) return nullptr;
-    const CXString name = object->getName();
+    const CXString name = object ? object->getName() : call.text(0);
     int first = call.integer(1), last = call.integer(2);
     if (first == -1) first = 1;
-    if (last == -1) last = object->getClonesNo();
+    if (last == -1) last = object ? object->getClonesNo() : 0;
     life::Guard guard;
-    for (int i = first; i <= last; i++) {
-        CXString each = name + "_";
-        each += i;
+    eachClone(name, first, last, [&](const CXString & each) {
         CMC_Object * clone = scene(call)->getObject(each);
-        if (!clone || !scene(call)->removeObject(clone)) continue;
+        // NAME_0 finds the source, which stays.
+        if (!clone || clone->getName() != each || !scene(call)->removeObject(clone)) return true;
         life::Handle alive(clone);
         clone->done(false);
         if (alive.get()) life::bury(clone);
-    }
+        return true;
+    });
     return nullptr;
 }
 

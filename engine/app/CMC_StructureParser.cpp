@@ -57,10 +57,11 @@ void CMC_StructureParser::load(const CXString & fileName) {
     // Scenes first: an episode finds its own by name, and the application its episodes.
     each("SCENE", [&](CMElement * e) { objects_.add(new CMC_Scene(window_, nullptr, e, types::kScene)); });
     each("EPISODE", [&](CMElement * e) { objects_.add(new CMC_Episode(window_, this, e)); });
-    each("APPLICATION", [&](CMElement * e) {
-        if (application_) return; // a second one would own the same scenes
-        if (e->getName() == "DEMO") e->setName("GAME");
-        application_ = new CMC_Application(window_, this, e);
-    });
-    if (application_) objects_.add(application_);
+    // The last one counts: two would own the same scenes.
+    CMElement * definition = nullptr;
+    each("APPLICATION", [&](CMElement * e) { definition = e; });
+    if (!definition) return;
+    if (definition->getName() == "DEMO") definition->setName("GAME");
+    application_ = new CMC_Application(window_, this, definition);
+    objects_.add(application_);
 }

@@ -97,7 +97,7 @@ public:
     virtual void showCursorImage(HCURSOR) {}
     void BeginActiveCursor();
     void BeginWaitCursor();
-    void EndWaitCursor() { SetCursor(mainCursor_); }
+    void EndWaitCursor() { showCursorImage(mainCursor_); } // a lock doesn't keep the main cursor away
     void SetCursor(HCURSOR cursor);
     virtual void ShowCursor() {}
     virtual void HideCursor() {}

@@ -38,6 +38,8 @@ Slot::Slot() {
     }
 }
 
+int livingNo() { return static_cast<int>(generations.numbers.size() - freeSlots.numbers.size()); }
+
 void Slot::free() {
     constexpr std::uint32_t kNone = ~std::uint32_t{0};
     if (index_ == kNone) return;

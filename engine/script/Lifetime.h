@@ -63,6 +63,9 @@ void bury(CMC_Object * object);
 // The same for a list of parameters with its strings.
 void buryStrings(CXArray * strings);
 
+// How many objects there are that scripts could name, dead ones that wait for a guard not counted.
+int livingNo();
+
 // Static objects have slots too, so their tables are there before and after any of them.
 union SlotTable {
     constexpr SlotTable() : numbers() {}
