@@ -8,7 +8,6 @@
 
 class CRefreshRegion {
 public:
-
     // What the region has of it already isn't added again.
     void add(const CXRect * rect);
     void removeAll();
