@@ -12,5 +12,7 @@ namespace tool {
 void addDef(CLI::App & program);    // shows a definition file as the engine reads it
 void addCode(CLI::App & program);   // makes a coded copy of a text file
 void addDecode(CLI::App & program); // makes a clear copy of a coded one
+void addImage(CLI::App & program);  // turns a picture file into one of another format
+void addInfo(CLI::App & program);   // tells what a file holds
 
 } // namespace tool

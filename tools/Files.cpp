@@ -26,10 +26,8 @@ std::string engineName(const std::string & name) {
     return own;
 }
 
-} // namespace
-
-std::string readText(const std::string & name) {
-    std::unique_ptr<platform::File> file = files().open(engineName(name), "rt");
+std::string read(const std::string & name, const char * mode) {
+    std::unique_ptr<platform::File> file = files().open(engineName(name), mode);
     if (!file) {
         std::error_code error;
         fs::file_status status = fs::status(name, error);
@@ -45,6 +43,12 @@ std::string readText(const std::string & name) {
     }
     return text;
 }
+
+} // namespace
+
+std::string readText(const std::string & name) { return read(name, "rt"); }
+
+std::string readBytes(const std::string & name) { return read(name, "rb"); }
 
 void write(const std::string & name, std::string_view bytes) {
     std::unique_ptr<platform::File> file = files().open(engineName(name), "wb");

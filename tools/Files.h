@@ -16,6 +16,8 @@ struct Failure : std::runtime_error {
 
 // The bytes of a file, with CR LF as LF; at most 2 GB, as the engine's readers take it.
 std::string readText(const std::string & name);
+// The bytes as they are.
+std::string readBytes(const std::string & name);
 void write(const std::string & name, std::string_view bytes);
 
 // Readers of lines lose the last byte of a text that doesn't end in a line feed.

@@ -1,38 +1,16 @@
-// Runs the program tarnook-tool that stands beside this one.
+// Definition files and coded texts.
 
-#include "support/InWorld.h"
-
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-#include <sys/wait.h>
-#include <vector>
-
-namespace {
+#include "Tool.h"
 
 using namespace std::string_literals;
 
-class Tool : public test::InWorld {
-protected:
-    struct Result {
-        int status;
-        std::string out, err;
-    };
+namespace {
 
-    // The shell's words behind the program's name; the test's folder is the current one.
-    Result run(const std::string & arguments) {
-        std::filesystem::path program =
-            std::filesystem::read_symlink("/proc/self/exe").parent_path() / "tarnook-tool";
-        std::string command = "cd '" + folder() + "' && '" + program.string() + "' " + arguments + " >'" +
-                              folder() + "/out' 2>'" + folder() + "/err'";
-        int status = std::system(command.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, get("out"), get("err")};
-    }
-};
+using TextTool = test::Tool;
 
 } // namespace
 
-TEST_F(Tool, DefShowsWhatTheEngineSees) {
+TEST_F(TextTool, DefShowsWhatTheEngineSees) {
     put("Dane/scene.cnv", "# a scene\r\nOBJECT=A\r\nA:TYPE=IMAGE\r\nA:KEY\r\nA:K=1:2\r\nA:K=3\r\nB:LOST=1\r\n"
                           "OBJECT=C\r\nC:ADD=A\r\nA:APPLY=A\r\nDEF=D(PATH=C:\\X|N=|T=1/\r\n/\r\n\xB9\x9C)\r\n"
                           "!\r\nOBJECT=E\r\n");
@@ -57,7 +35,7 @@ TEST_F(Tool, DefShowsWhatTheEngineSees) {
     EXPECT_NE(result.err.find("line feed"), std::string::npos);
 }
 
-TEST_F(Tool, CodeAndDecodeGiveTheLinesBack) {
+TEST_F(TextTool, CodeAndDecodeGiveTheLinesBack) {
     std::string bytes;
     for (int c = 0x20; c < 0x100; c++) bytes += static_cast<char>(c);
     struct {
@@ -96,7 +74,7 @@ TEST_F(Tool, CodeAndDecodeGiveTheLinesBack) {
 }
 
 // A folder of the current directory must not stand in for one of the same name elsewhere.
-TEST_F(Tool, NamesMeanWhatTheySay) {
+TEST_F(TextTool, NamesMeanWhatTheySay) {
     put("Dane/a", "wrong\n");
     put("other/Dane/a", "OBJECT=A\n");
     EXPECT_EQ(run("def other/Dane/a").out, "OBJECT=A\n");
@@ -106,7 +84,7 @@ TEST_F(Tool, NamesMeanWhatTheySay) {
     EXPECT_EQ(get("other/\u017B\u00F3\u0142w"), "OBJECT=A\n");
 }
 
-TEST_F(Tool, SaysInOneLineWhatIsWrong) {
+TEST_F(TextTool, SaysInOneLineWhatIsWrong) {
     put("clear", "OBJECT=A\n");
     put("coded", "{<C:6>}\nPALCFQ>@<E>\n");
     put("folder/x", "");
@@ -154,7 +132,7 @@ TEST_F(Tool, SaysInOneLineWhatIsWrong) {
     }
 }
 
-TEST_F(Tool, HelpAndVersion) {
+TEST_F(TextTool, HelpAndVersion) {
     for (const char * arguments : {"--help", "def --help", "code --help"}) {
         Result result = run(arguments);
         EXPECT_EQ(result.status, 0) << arguments;
