@@ -4,7 +4,6 @@
 #include "files/CLZWCompression.h"
 #include "files/WholeFile.h"
 #include "graphics/CCanvasIfc.h"
-#include "graphics/CSurface.h"
 #include "graphics/ImgFile.h"
 #include "graphics/JPEG.h"
 #include "script/CMElement.h"
@@ -167,8 +166,7 @@ int CImage::load(const CXString & path) {
     setErrorCode(CFile::kNotFound);
     if (path.getLength() == 0) return CFile::kNotFound;
     JPEG jpeg(path.c_str());
-    CSurface * surface = window_ ? window_->GetSurface() : nullptr;
-    int depth = surface ? surface->getDepth() : kDepthWithoutDisplay;
+    int depth = window_ ? window_->GetBpp() : kDepthWithoutDisplay;
     char * pixels = jpeg.decompress(depth);
     if (!pixels) {
         CWindow::toLog("Picture " + path + ": " + jpeg.error() + "\n", false);

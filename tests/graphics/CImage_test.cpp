@@ -8,7 +8,6 @@
 #include "files/CRLECompression.h"
 #include "files/InGame.h"
 #include "graphics/CImageFile.h"
-#include "graphics/CSurface.h"
 #include "graphics/ImgFile.h"
 #include "graphics/JPEG.h"
 #include "script/CMElement.h"
@@ -61,15 +60,8 @@ const Bytes kAlphaBytes = {1, 128, 255, 0};
 
 class CImageTest : public test::InGame {
 protected:
-    // Of a display, once one is set.
-    struct Window : CWindow {
-        using CWindow::CWindow;
-        CSurface * GetSurface() override { return surface.get(); }
-        std::unique_ptr<CSurface> surface;
-    };
-
     CCommandLine6 logging_{"-log"};
-    Window display_{nullptr, &logging_, &language_, {800, 600}, nullptr, "", true};
+    CWindow display_{nullptr, &logging_, &language_, {800, 600}, nullptr, "", true};
 };
 
 int loaded(CImage & image, const std::string & bytes) {
@@ -189,7 +181,7 @@ TEST_F(CImageTest, DamagedFilesLeaveItEmpty) {
 
 TEST_F(CImageTest, LoadsByNameForTheDisplay) {
     put("sub/PICTURE.IMG", Tnk{.depth = 15, .colour = plane({0x7FFF, 0x03E0, 1, 0})}.bytes());
-    display_.surface = std::make_unique<CSurface>(CXSize(800, 600), 16);
+    ASSERT_EQ(display_.SetDisplayMode(800, 600, 16), 0);
     CImage image(&display_, "sub\\PICTURE.IMG");
     EXPECT_EQ(image.LastError(), 0);
     EXPECT_EQ(image.getFileName(), "sub\\picture.img");
@@ -224,7 +216,7 @@ TEST_F(CImageTest, JpegFilesUnderAnyOtherName) {
         {"empty.jpg", "", 0},
         {"bitmap.bmp", "BM" + std::string(200, 'x'), 0},
     };
-    display_.surface = std::make_unique<CSurface>(CXSize(800, 600), 32);
+    ASSERT_EQ(display_.SetDisplayMode(800, 600, 32), 0);
     for (const auto & test : cases) {
         SCOPED_TRACE(test.name);
         std::string bytes =

@@ -5,7 +5,6 @@
 #include "files/CFile.h"
 #include "files/InGame.h"
 #include "graphics/CImageFile.h"
-#include "graphics/CSurface.h"
 #include "graphics/PsdFile.h"
 
 #include <cstdlib>
@@ -67,13 +66,8 @@ Layer flat(CXRect rect, const char * name, unsigned rgb, int alpha) {
 
 class CPSDTest : public test::InGame {
 protected:
-    struct Window : CWindow {
-        using CWindow::CWindow;
-        CSurface * GetSurface() override { return &surface; }
-        CSurface surface{{800, 600}, 15};
-    };
     CCommandLine6 logging_{"-log"};
-    Window display_{nullptr, &logging_, &language_, {800, 600}, nullptr, "", true};
+    CWindow display_{nullptr, &logging_, &language_, {800, 600}, nullptr, "", true};
 };
 
 TEST_F(CPSDTest, LayersBecomePixelObjects) {
@@ -114,6 +108,7 @@ TEST_F(CPSDTest, LayersBecomePixelObjects) {
 TEST_F(CPSDTest, ShowsItsLayersFlattened) {
     put("p.psd", psd({3, 2}, {flat({0, 0, 2, 2}, "a", 0xFFFFFF, -1), flat({1, 0, 4, 1}, "b", 0x0000FF, 128),
                               flat({0, 1, 1, 9}, "c", 0x00FF00, 255)}));
+    ASSERT_EQ(display_.SetDisplayMode(800, 600, 15), 0);
     CImageFile file(&display_);
     EXPECT_EQ(file.Load("P.PSD"), kFileLayered);
     std::unique_ptr<CGraphicsObject> picture(file.GetGraphicsObject());
