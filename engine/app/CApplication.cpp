@@ -10,10 +10,11 @@
 #include "files/CFolder.h"
 #include "files/CPath.h"
 #include "files/CResourcesManager.h"
+#include "graphics/CAnimationManager.h"
 
 CApplication::CApplication(CWindow * window, const CXString & configName, const CXString & bigFileName,
                            CCommandLine6 * commandLine)
-    : window_(window), commandLine_(commandLine) {
+    : window_(window), commandLine_(commandLine), animationManager_(std::make_unique<CAnimationManager>()) {
     if (bigFileName.IsString()) CFile::openBigFile(bigFileName);
     window_->SetApplicationInterface(this);
     if (configName.IsString()) config_ = std::make_unique<CConfig>(CWindow::rootPath + configName);
@@ -24,9 +25,12 @@ CApplication::~CApplication() {
     parser_.reset();
     config_.reset();
     resources_.reset();
+    animationManager_.reset();
     CFile::closeBigFile();
     window_->SetApplicationInterface(nullptr);
 }
+
+void CApplication::stepMedia() { animationManager_->domodal(); }
 
 CXString CApplication::getWAVPath(const CXString & name) { return window_->GetSoundFXFullPath(name); }
 

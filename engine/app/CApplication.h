@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class CAnimationManager;
 class CCommandLine6;
 class CConfig;
 class CMC_Application;
@@ -36,10 +37,11 @@ public:
     virtual CXString getWAVPath(const CXString & name);
 
     // Animations, sounds and collisions step here, in this order, between the timers and the input.
-    virtual void stepMedia() {}
+    virtual void stepMedia();
 
     CCommandLine6 * getCommandLine() { return commandLine_; }
     CConfig * GetConfigInterface() { return config_.get(); } // null without a settings file
+    CAnimationManager * getAnimoManagerIfc() { return animationManager_.get(); }
     CResourcesManager * getGeneralResourcesManager() { return resources_.get(); }
     CMC_Application * getMCApplicationIfc() { return mcApplication_.get(); }
 
@@ -49,6 +51,7 @@ private:
 
     CWindow * window_;
     CCommandLine6 * commandLine_;
+    std::unique_ptr<CAnimationManager> animationManager_; // null while the application ends
     std::unique_ptr<CConfig> config_;
     std::unique_ptr<CResourcesManager> resources_;
     std::unique_ptr<CMC_StructureParser> parser_;

@@ -46,7 +46,7 @@ void CGraphicsObject::mergeAlpha(CXPoint p, CGraphicsObject * mask) {
     copyRows(covered, width_,
              mask->channels_[3] + static_cast<std::ptrdiff_t>(r.top - p.y) * mask->width_ + (r.left - p.x),
              mask->width_, size);
-    tellCanvas(r + CXPoint(x_, y_));
+    tellCanvas(r + getRect().LeftTop());
 }
 
 void CGraphicsObject::mergeAlpha2(CXPoint p, CGraphicsObject * mask, bool reset) {

@@ -1,4 +1,4 @@
-// Mirrored pictures.
+// What coded planes take part in: they are expanded for it.
 
 #include "graphics/CGraphicsObject.h"
 
@@ -32,9 +32,10 @@ void mirrored(Pixel * plane, int width, int height) {
 // Runs step on raw planes. Coded ones are expanded for it and coded again.
 template <class Step>
 void CGraphicsObject::onExpanded(Step && step) {
-    _compression kind = compression_;
-    if (kind == kCompressionRle) {
-        DeCompressRLE2();
+    DeCompress();
+    bool coded = compression_ == kCompressionRle || packedColour_, wasUnpacked = unpacked_;
+    DeCompressRLE2();
+    if (packedColour_) { // about to be stale
         if (ownsPixels_) {
             delete[] packedColour_;
             delete[] packedAlpha_;
@@ -46,7 +47,10 @@ void CGraphicsObject::onExpanded(Step && step) {
         ownsPixels_ = true;
     }
     if (isRaw16()) step();
-    if (kind == kCompressionRle) Compress(kind);
+    if (!coded) return;
+    Compress(kCompressionRle);
+    unpacked_ = false;
+    if (wasUnpacked) unpack();
 }
 
 void CGraphicsObject::FlipH() {
@@ -68,4 +72,11 @@ void CGraphicsObject::FlipV() {
 void CGraphicsObject::resetFlips() {
     if (flippedV_) FlipV();
     if (flippedH_) FlipH();
+}
+
+void CGraphicsObject::replace_color(short from, short to) {
+    onExpanded([&] {
+        std::replace(words(), words() + count(), static_cast<std::uint16_t>(from),
+                     static_cast<std::uint16_t>(to));
+    });
 }

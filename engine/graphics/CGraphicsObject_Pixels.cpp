@@ -99,12 +99,6 @@ void CGraphicsObject::Fill(CXRect rect, CColor * colour) {
         std::fill_n(words() + static_cast<std::ptrdiff_t>(y) * width_ + r.left, r.Width(), value);
 }
 
-void CGraphicsObject::replace_color(short from, short to) {
-    if (isRaw16())
-        std::replace(words(), words() + count(), static_cast<std::uint16_t>(from),
-                     static_cast<std::uint16_t>(to));
-}
-
 // ---- depths: two pixels a step, so that the last one of an odd number stays
 
 namespace {
