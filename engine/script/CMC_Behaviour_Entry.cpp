@@ -461,8 +461,20 @@ CXObject * CMC_Behaviour_Entry::compute(Parameter & parameter, CMC_Object * self
     return parameter.owned.get();
 }
 
-// A parameter's text with the arguments in it.
+// A parameter's text with the arguments in it. Arguments that hold a $ themselves can make texts without end,
+// and many of them.
 CMC_Object * CMC_Behaviour_Entry::evaluate(const CXString & text, CMC_Object * self, CXArray * args) {
+    static int depth = 0, made = 0;
+    struct Level {
+        Level() {
+            if (depth++ == 0) made = 0;
+        }
+        ~Level() { depth--; }
+    } level;
+    if (depth > kDeepestArguments || ++made > kMostArguments) {
+        notes::add(notes::Kind::tooDeep, "arguments that name arguments again");
+        return nullptr;
+    }
     View view = text.view();
     if (view.starts_with('[')) return new CMC_Expression(scope(), CXString(inside(view)));
     if (!view.starts_with('@') && !has(view, '$') && !has(view, '^')) {
