@@ -4,6 +4,7 @@
 #include "app/CMC_CNVLoader_Runner.h"
 #include "app/CMC_Episode_Runner.h"
 #include "app/CMC_Scene_Runner.h"
+#include "graphics/CMC_Animo_Runner.h"
 #include "graphics/CMC_Image_Runner.h"
 #include "script/CMC_Array_Runner.h"
 #include "script/CMC_BasicCondition_Runner.h"
@@ -56,6 +57,7 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_Array_Runner>({types::kArray});
     add<CMC_MultiArray_Runner>({types::kMultiArray});
     add<CMC_System_Runner>({types::kSystem});
+    add<CMC_Animo_Runner>({types::kAnimo});
     add<CMC_Image_Runner>({types::kImage});
     add<CMC_Application_Runner>({types::kApplication});
     add<CMC_Episode_Runner>({types::kEpisode});

@@ -1,6 +1,9 @@
 #include "script/TypeTable.h"
 
+#include "graphics/CAnimo6.h"
+#include "graphics/CFrame.h"
 #include "graphics/CImage.h"
+#include "graphics/CMC_Animo.h"
 #include "graphics/CMC_Image.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
@@ -38,6 +41,12 @@ CGraphicsObject * pictureOf(CMC_Object * object, const CXString &) {
     return static_cast<CMC_Image *>(object)->getImage();
 }
 
+CGraphicsObject * animationOf(CMC_Object * object, const CXString & frame) {
+    CAnimo6 * animo = static_cast<CMC_Animo *>(object)->getAnimo();
+    if (!frame.IsString()) return animo;
+    return animo->getFrame(frame);
+}
+
 // The order of objects in a scope follows from the passes: what later constructors look up comes first.
 const TypeRow kRows[] = {
     row<CMC_Behaviour>("BEHAVIOUR", types::kBehaviour, 1),
@@ -51,6 +60,7 @@ const TypeRow kRows[] = {
     row<CMC_Array>("ARRAY", types::kArray, 3),
     row<CMC_MultiArray>("MULTIARRAY", types::kMultiArray, 3),
     {"IMAGE", types::kImage, 5, make<CMC_Image>, CMC_Image::kKeys, CMC_Image::kSignals, nullptr, pictureOf},
+    {"ANIMO", types::kAnimo, 5, make<CMC_Animo>, CMC_Animo::kKeys, CMC_Animo::kSignals, nullptr, animationOf},
     row<CMC_Vector>("VECTOR", types::kVector, 5),
     row<CMC_Timer>("TIMER", types::kTimer, 6),
     row<CMC_Groupped>("GROUP", types::kGroup, 6),
