@@ -11,7 +11,7 @@ public:
     explicit CAnimo6(CWindow * window) : CAnimo(window) {}
     CAnimo6(CWindow * window, const CXString & name) : CAnimo(window, name) {}
     CAnimo6(CWindow * window, CMElement * element); // RELEASEAFTERUSE, FILENAME, PRELOAD, VISIBLE
-    CAnimo6(CAnimo6 & shared) : CAnimo(shared) {}
+    CAnimo6(CAnimo6 & shared) = default;
     CGraphicsObject * clone() override { return new CAnimo6(*this); }
 
     int getGfxType() override { return kGfxAnimation; }
