@@ -10,6 +10,7 @@
 #include "platform/display/Display.h"
 #include "platform/files/FileSystem.h"
 #include "platform/locale/Locale.h"
+#include "platform/modules/Modules.h"
 #include "platform/random/RandomSource.h"
 #include "platform/timer/PeriodicTimers.h"
 
@@ -27,6 +28,7 @@ struct World {
     std::unique_ptr<FileSystem> files;
     std::unique_ptr<Locale> locale;
     std::unique_ptr<Dialogs> dialogs;
+    std::unique_ptr<Modules> modules;
     std::unique_ptr<DebugChannel> debugger;
     std::unique_ptr<Display> display;
     VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null

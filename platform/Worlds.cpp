@@ -10,6 +10,7 @@
 #include "platform/files/MachineFileSystem.h"
 #include "platform/locale/FixedLocale.h"
 #include "platform/locale/SystemLocale.h"
+#include "platform/modules/SystemModules.h"
 #include "platform/timer/ThreadPeriodicTimers.h"
 #include "platform/timer/VirtualPeriodicTimers.h"
 
@@ -25,6 +26,7 @@ std::unique_ptr<World> headless(const Options & options) {
     world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
     world->locale = std::make_unique<FixedLocale>("0409");
     world->dialogs = std::make_unique<StdoutDialogs>();
+    world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
     return world;
@@ -41,6 +43,7 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
     world->locale = std::make_unique<SystemLocale>();
     world->dialogs = std::make_unique<TerminalDialogs>();
+    world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
     return world;
@@ -57,6 +60,7 @@ std::string World::describe() const {
     line("files", files->name());
     line("locale", locale->name());
     line("dialogs", dialogs->name());
+    line("modules", modules->name());
     line("debugger", debugger->name());
     line("display", display->name());
     return text;

@@ -11,12 +11,14 @@
 #include "files/CPath.h"
 #include "files/CResourcesManager.h"
 #include "graphics/CAnimationManager.h"
+#include "sound/CSoundCodec.h"
 
 CApplication::CApplication(CWindow * window, const CXString & configName, const CXString & bigFileName,
                            CCommandLine6 * commandLine)
     : window_(window), commandLine_(commandLine), animationManager_(std::make_unique<CAnimationManager>()) {
     if (bigFileName.IsString()) CFile::openBigFile(bigFileName);
     window_->SetApplicationInterface(this);
+    CSoundCodec::init_codecs();
     if (configName.IsString()) config_ = std::make_unique<CConfig>(CWindow::rootPath + configName);
 }
 
@@ -26,6 +28,7 @@ CApplication::~CApplication() {
     config_.reset();
     resources_.reset();
     animationManager_.reset();
+    CSoundCodec::done_codecs();
     CFile::closeBigFile();
     window_->SetApplicationInterface(nullptr);
 }

@@ -75,6 +75,7 @@ int CFile::Open(CWindow * window, const CXString & name, int mode) {
     const std::string modes = modeString(mode);
     auto attempt = [&](const CXString & path) {
         handle_ = tryOpen(path, modes.c_str());
+        if (handle_) opened_ = path;
         return handle_ != nullptr;
     };
     if (!window) {
@@ -117,6 +118,7 @@ int CFile::Write(const void * from, int n) {
 int CFile::Close() {
     if (handle_) handle_->flush();
     handle_.reset();
+    opened_ = CXString();
     return LastError();
 }
 

@@ -39,6 +39,10 @@ public:
     virtual bool eof();                          // true once a read has met the end, and while closed
 
     const CXString & getPathName() const { return path_; } // absolute, before roots and languages
+    const CXString & getOpenedPath() const {
+        return opened_;
+    } // of the candidate that opened; empty while closed
+    CWindow * getWindow() const { return window_; }
 
     // Where the file of that name stands; empty when nowhere. The window must not be null.
     static CXString getPath(CWindow * window, const CXString & name);
@@ -74,5 +78,6 @@ protected:
     CWindow * window_ = nullptr; // not owned
 
 private:
+    CXString opened_;
     std::unique_ptr<platform::File> handle_; // null while closed
 };

@@ -11,10 +11,9 @@ class HeadlessWorld : public test::InWorld {};
 
 TEST_F(HeadlessWorld, IsComplete) {
     EXPECT_EQ(&platform::world(), &world());
-    EXPECT_EQ(
-        world().describe(),
-        "clock: virtual\ntimers: virtual\nrandom: seed 1\nfiles: machine\n"
-        "locale: fixed\ndialogs: lines on standard output\ndebugger: standard error\ndisplay: memory\n");
+    EXPECT_EQ(world().describe(), "clock: virtual\ntimers: virtual\nrandom: seed 1\nfiles: machine\n"
+                                  "locale: fixed\ndialogs: lines on standard output\nmodules: "
+                                  "system\ndebugger: standard error\ndisplay: memory\n");
     EXPECT_EQ(world().files->currentDirectory(), windowsFolder());
     EXPECT_EQ(world().locale->languageCode(), "0409");
 
@@ -29,10 +28,10 @@ TEST(World, DesktopTakesTheMachine) {
     auto world = platform::desktop(options);
     EXPECT_EQ(world->virtualClock, nullptr);
     EXPECT_GT(world->random->hostSeed(), 1u);
-    EXPECT_EQ(world->describe(), "clock: system\ntimers: thread\nrandom: seed " +
-                                     std::to_string(world->random->hostSeed()) +
-                                     "\nfiles: machine\nlocale: system\ndialogs: terminal\ndebugger: "
-                                     "standard error\ndisplay: memory\n");
+    EXPECT_EQ(world->describe(),
+              "clock: system\ntimers: thread\nrandom: seed " + std::to_string(world->random->hostSeed()) +
+                  "\nfiles: machine\nlocale: system\ndialogs: terminal\nmodules: system\ndebugger: "
+                  "standard error\ndisplay: memory\n");
 }
 
 // A process runs one world after another; nothing of the first is left in the second.
