@@ -25,6 +25,7 @@ const char * const CMC_Behaviour::kKeys[2] = {"CODE", "CONDITION"};
 int CMC_Behaviour::depth = 0;
 CMC_Behaviour::Bounds CMC_Behaviour::bounds;
 CMC_Behaviour::Bounds CMC_Behaviour::taken;
+int CMC_Behaviour::textsNo = 0;
 bool CMC_Behaviour::isLeaving = false;
 
 namespace {
@@ -122,10 +123,7 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
         refuse();
         return false;
     }
-    if (depth == 0) {
-        taken = {0, 0, 0};
-        isLeaving = false;
-    }
+    if (depth == 0 && textsNo == 0) startCounting();
     depth++;
     calls_++;
     std::uint32_t start = platform::world().clock->tickCount();
@@ -134,6 +132,11 @@ bool CMC_Behaviour::run(CMC_Object * self, CXArray * args, bool useCondition) {
     flushTempObjects();
     depth--;
     return broken;
+}
+
+void CMC_Behaviour::startCounting() {
+    taken = {0, 0, 0};
+    isLeaving = false;
 }
 
 void CMC_Behaviour::refuse() {

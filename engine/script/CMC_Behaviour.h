@@ -146,12 +146,14 @@ private:
     void parse(const CXString & text);
     void drop(bool keepBlocks);
     void endTimer();
+    static void startCounting();
     void refuse();
     bool runLines(CMC_Object * self, CXArray * args);
 
     static int depth;
     static Bounds taken;   // by the outermost run
     static bool isLeaving; // all behaviours end
+    static int textsNo;    // runLine inside each other
 
     CXString code_;
     CXString condition_;

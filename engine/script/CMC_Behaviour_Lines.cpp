@@ -83,6 +83,12 @@ CMC_Object * CMC_Behaviour::resolveObject(CMC_ObjectsContainer * scope, CMC_Obje
 
 CMC_Object * CMC_Behaviour::runLine(CMC_ObjectsContainer * scope, CMC_Object * self, const CXString & text,
                                     CXArray * args) {
+    // A text of its own counts as an outermost run.
+    if (depth == 0 && textsNo == 0) startCounting();
+    struct Inside {
+        Inside() { textsNo++; }
+        ~Inside() { textsNo--; }
+    } inside;
     View line = text::trimBlanks(text.view());
     std::size_t open = line.find('(');
     View head = line.substr(0, open);
