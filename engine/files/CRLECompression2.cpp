@@ -16,6 +16,7 @@ char * CRLECompression2::Decompress(int) {
     for (int y = 0; y < picture_.cy && row < size && rows_[y] >= 0; y++) {
         std::size_t end = row + static_cast<std::size_t>(rows_[y]);
         for (std::size_t in = row; in < end && in < size && out < room;) {
+            // Its sign tells the two kinds of groups. NOLINTNEXTLINE(bugprone-signed-char-misuse)
             int control = static_cast<signed char>(data_[in++]);
             auto length = static_cast<std::size_t>(control < 0 ? 1 - control : control + 1);
             if (control < 0) {

@@ -338,7 +338,7 @@ void write(Writer & to, const Frame & frame) {
     to.word(frame.compression);
     to.dword(static_cast<int>(frame.colour.size()));
     to.word(frame.alpha.empty() ? 0 : 4);
-    to.zeros(3 * 4);
+    to.zeros(12);
     to.dword(static_cast<int>(frame.alpha.size()));
     to.zeros(kFrame - kShortFrame);
 }
@@ -359,7 +359,7 @@ const char * read(std::string_view bytes, File & file) {
 
 std::string write(const File & file) {
     Writer to;
-    to.add(std::string_view("NVP", 4));
+    to.add(std::string_view("NVP\0", 4));
     to.word(static_cast<int>(file.frames.size()));
     to.word(file.depth);
     to.word(static_cast<int>(file.events.size()));

@@ -64,7 +64,7 @@ int CGraphicsObject::Save(CFile * file, _compression compression) {
     int pixel = GetPixelSize();
     std::int32_t colourSize = __get_data_size(r.Width(), r.Height(), bpp_);
     std::int32_t alphaSize = !channels_[3] || !data_ ? 0 : coded ? channelSizes_[3] : r.Width() * r.Height();
-    std::string bytes("TNK", 4);
+    std::string bytes("TNK\0", 4);
     for (std::int32_t v : {r.Width(), r.Height(), bpp_, colourSize, 0, static_cast<int>(compression),
                            alphaSize, x_ + r.left, y_ + r.top})
         append(bytes, v);
