@@ -151,11 +151,11 @@ void CMC_ObjectsContainer::unload() {
     // Handlers may remove objects on the way; each is ended at most once, and only while it is there.
     auto end = [&](auto && chosen) {
         std::vector<life::Handle> objects;
-        objects.reserve(static_cast<std::size_t>(objects_->size));
-        for (CXObject * each : *objects_) objects.emplace_back(static_cast<CMC_Object *>(each));
+        for (CXObject * each : *objects_)
+            if (auto * object = static_cast<CMC_Object *>(each); !ownedElsewhere(object) && chosen(object))
+                objects.emplace_back(object);
         for (const life::Handle & each : objects)
-            if (CMC_Object * object = each.get(); object && !ownedElsewhere(object) && chosen(object))
-                object->done(true);
+            if (CMC_Object * object = each.get()) object->done(true);
     };
     auto isClass = [](CMC_Object * object) { return object->getType() == types::kClass; };
     end(isClass);
