@@ -10,8 +10,9 @@ public:
     explicit CInteger(int value) : value_(value) {}
     explicit CInteger(const CXString & text) : value_(text.toNumber()) {}
 
-    void increment() { value_++; }
-    void decrement() { value_--; }
+    // At 32 bits they wrap around.
+    void increment() { value_ = static_cast<int>(static_cast<unsigned>(value_) + 1U); }
+    void decrement() { value_ = static_cast<int>(static_cast<unsigned>(value_) - 1U); }
     void parse(const CXString & text) { value_ = text.toNumber(); }
     int toInt() const { return value_; }
     using CXObject::toString;

@@ -14,8 +14,9 @@ public:
     explicit CXRect(int v) : left(v), top(v), right(v), bottom(v) {}
     CXRect(int l, int t, int r, int b) : left(l), top(t), right(r), bottom(b) {}
 
-    int Width() const { return right - left; }
-    int Height() const { return bottom - top; }
+    // Sums and differences wrap around at 32 bits, as scripts may give any number.
+    int Width() const { return minus(right, left); }
+    int Height() const { return minus(bottom, top); }
     bool IsEmpty() const { return Width() == 0 || Height() == 0; }
     void Set(int l, int t, int r, int b) { *this = {l, t, r, b}; }
     void Empty() { *this = CXRect(0); }
@@ -23,15 +24,19 @@ public:
     CXPoint RightTop() const { return {right, top}; }
     CXPoint LeftBottom() const { return {left, bottom}; }
     CXPoint BottomRight() const { return {right, bottom}; }
-    CXPoint CenterPoint() const { return {left + Width() / 2, top + Height() / 2}; }
+    CXPoint CenterPoint() const { return {plus(left, Width() / 2), plus(top, Height() / 2)}; }
 
     CXRect & operator+=(CXPoint p) { return *this = *this + p; }
     CXRect & operator-=(CXPoint p) { return *this = *this - p; }
-    CXRect operator+(CXPoint p) const { return {left + p.x, top + p.y, right + p.x, bottom + p.y}; }
-    CXRect operator-(CXPoint p) const { return {left - p.x, top - p.y, right - p.x, bottom - p.y}; }
-    CXRect operator-(CXSize s) const { return {left, top, right - s.cx, bottom - s.cy}; }
+    CXRect operator+(CXPoint p) const {
+        return {plus(left, p.x), plus(top, p.y), plus(right, p.x), plus(bottom, p.y)};
+    }
+    CXRect operator-(CXPoint p) const {
+        return {minus(left, p.x), minus(top, p.y), minus(right, p.x), minus(bottom, p.y)};
+    }
+    CXRect operator-(CXSize s) const { return {left, top, minus(right, s.cx), minus(bottom, s.cy)}; }
     CXRect operator-(CXRect r) const {
-        return {left - r.left, top - r.top, right - r.right, bottom - r.bottom};
+        return {minus(left, r.left), minus(top, r.top), minus(right, r.right), minus(bottom, r.bottom)};
     }
     bool operator==(const CXRect &) const = default;
 
@@ -40,7 +45,7 @@ public:
     bool IsInRect(CXPoint p) const { return IsInRect(p.x, p.y); }
 
     void Explode(int dx, int dy) {
-        *this = {left - dx, top - dy, right + dx, bottom + dy};
+        *this = {minus(left, dx), minus(top, dy), plus(right, dx), plus(bottom, dy)};
     } // grows on all sides
     void Explode(int d) { Explode(d, d); }
     void Explode(CXSize s) { Explode(s.cx, s.cy); }
@@ -62,4 +67,12 @@ public:
     static void addRect(CXArray * list, int l, int t, int r, int b);
 
     int left = 0, top = 0, right = 0, bottom = 0;
+
+private:
+    static int plus(int a, int b) {
+        return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+    }
+    static int minus(int a, int b) {
+        return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
+    }
 };

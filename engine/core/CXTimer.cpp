@@ -82,12 +82,17 @@ void CXTimer::deliver(CTimerObject & timer) {
 
 void CXTimer::domodal() {
     if (!enabled) return;
-    // A target may add and remove timers: the pass goes over a copy, and only a pass deletes.
-    work.removeAll();
-    work.add(&timers);
-    for (int i = 0; i < work.size; i++) {
-        auto * timer = static_cast<CTimerObject *>(work.at(i));
+    // A target may add and remove timers: the pass goes over a copy, and only a pass deletes; one inside
+    // another leaves that to the outer one, which still holds them.
+    CXVector inner(std::max(timers.size * 2, 1), 0.75F);
+    bool isOuter = passes_++ == 0;
+    CXVector & pass = isOuter ? work : inner;
+    pass.removeAll();
+    pass.add(&timers);
+    for (int i = 0; i < pass.size; i++) {
+        auto * timer = static_cast<CTimerObject *>(pass.at(i));
         if (timer->removed) {
+            if (!isOuter) continue;
             timers.remove(timer);
             delete timer;
         } else if (now() - timer->lastTime >= timer->interval) { // in a difference the clock may wrap
@@ -96,4 +101,5 @@ void CXTimer::domodal() {
             timer->lastTime = now();
         }
     }
+    passes_--;
 }

@@ -53,5 +53,6 @@ private:
     static bool enabled;
 
     CXVector timers{101, 0.75F}; // owned
-    CXVector work{101, 0.75F};   // the timers of a pass
+    CXVector work{101, 0.75F};   // the timers of the outermost pass
+    int passes_ = 0;             // that run inside each other
 };

@@ -16,9 +16,9 @@ struct MethodRow;
 
 class CMC_Behaviour_Entry : public CMC_Object {
 public:
-    static constexpr int kDeepestText = 200;      // statements, blocks and brackets inside each other
-    static constexpr int kDeepestArguments = 50;  // texts filled with arguments inside each other
-    static constexpr int kMostArguments = 20'000; // of them for one parameter of a statement
+    static constexpr int kDeepestText = 200;     // statements, blocks and brackets inside each other
+    static constexpr int kDeepestArguments = 20; // texts filled with arguments inside each other
+    static constexpr int kMostArguments = 1000;  // of them for one parameter of a statement
 
     CMC_Behaviour_Entry(CMC_Behaviour * behaviour, const CXString & text, Statements * statements = nullptr);
     ~CMC_Behaviour_Entry() override;

@@ -178,6 +178,23 @@ public:
 };
 int Counted::alive = 0;
 
+// remove looks for the value, bucket by bucket: of its several keys the one in the first bucket goes.
+TEST(CHashtable, AValueUnderSeveralKeys) {
+    CHashtable table(11, 1.0, true);
+    CInteger value(1), other(2), three(3), seven(7), five(5);
+    table.put(new CInteger(7), &value);
+    table.put(new CInteger(5), &other);
+    table.put(new CInteger(3), &value);
+    EXPECT_TRUE(table.remove(&value));
+    EXPECT_EQ(table.get(&three), nullptr);
+    EXPECT_EQ(table.get(&seven), &value);
+    EXPECT_TRUE(table.contains(&value));
+    EXPECT_TRUE(table.remove(&value));
+    EXPECT_FALSE(table.remove(&value));
+    EXPECT_EQ(table.get(&five), &other);
+    EXPECT_EQ(table.getSize(), 1);
+}
+
 TEST(CHashtable, DeletesTheKeysThatItOwns) {
     CInteger value(0), another(1);
     {

@@ -48,6 +48,25 @@ TEST_F(CXTimers, FireInOrderOfAddOnceAPass) {
     EXPECT_EQ(timer_.find(2)->ticks, 2);
 }
 
+// A message box in a delivery may let the timers run on: the pass inside deletes nothing that the outer one
+// still holds.
+TEST_F(CXTimers, APassInsideAPass) {
+    timer_.add(1, 10, &notes_);
+    timer_.add(2, 10, &notes_);
+    timer_.add(3, 10, &notes_);
+    bool isInside = false;
+    notes_.act = [&](int id) {
+        if (id != 1 || std::exchange(isInside, true)) return;
+        timer_.remove(2);
+        clock().advance(10);
+        timer_.domodal();
+    };
+    EXPECT_EQ(pass(10), "1 1 3 ");
+    notes_.act = nullptr;
+    EXPECT_EQ(timer_.find(2), nullptr);
+    EXPECT_EQ(pass(10), "1 3 ");
+}
+
 TEST_F(CXTimers, TheIntervalCountsFromTheEndOfADelivery) {
     timer_.add(1, 100, &notes_);
     notes_.act = [&](int) { clock().advance(30); };

@@ -6,6 +6,7 @@
 #include "core/CXTriple.h"
 #include "core/Queues.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
@@ -124,6 +125,30 @@ TEST(CXArray, SetsBehindItsSize) {
     EXPECT_EQ(list.stringAt(0), &text);
     EXPECT_EQ(list.stringAt(1), nullptr);
     EXPECT_EQ(list.stringAt(-1), nullptr);
+}
+
+// By what the items' toString gives, so that the list holds objects, not texts.
+TEST(CXArray, FindsTextsWithoutCase) {
+    struct Named : CXObject {
+        explicit Named(const char * text) : name(text) {}
+        CXString toString() override { return name; }
+        CXString name;
+    } one("One"), two("two");
+    CXArray list(4, 0.75F);
+    list.add(static_cast<CXObject *>(&one));
+    list.add(static_cast<CXObject *>(&two));
+    EXPECT_TRUE(list.containsString("two"));
+    EXPECT_TRUE(list.containsString("ONE"));
+    EXPECT_FALSE(list.containsString("On"));
+    EXPECT_FALSE(list.containsString(""));
+}
+
+TEST(CInteger, WrapsAround) {
+    CInteger number(INT_MAX);
+    number.increment();
+    EXPECT_EQ(number.toInt(), INT_MIN);
+    number.decrement();
+    EXPECT_EQ(number.toInt(), INT_MAX);
 }
 
 TEST(CXVector, SetsWithinItsSizeOnly) {

@@ -2,7 +2,9 @@
 #include "core/CXArray.h"
 #include "core/CXRect.h"
 #include "core/CXVersion.h"
+#include "graphics/CGraphicsObject.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -121,6 +123,23 @@ TEST(CXRect, EdgesAndBoxes) {
     EXPECT_EQ(CXPoint(1, 2) + 3, CXPoint(4, 5));
     EXPECT_EQ(CXSize(-3, 2).AbsSum(), 5);
     EXPECT_EQ(CXSize(-3, 2).mul(), -6);
+}
+
+TEST(CXRect, CentresObjects) {
+    CGraphicsObject object(nullptr, {4, 3}, 16);
+    EXPECT_EQ(CXRect(10, 20, 21, 30).GetCenteredPosition(&object), CXPoint(13, 23));
+    EXPECT_EQ(CXRect(0, 0, 1, 1).GetCenteredPosition(&object), CXPoint(-1, -1)); // halves go towards zero
+}
+
+// Scripts may give any number.
+TEST(CXRect, WrapsAround) {
+    constexpr int kLow = INT_MIN, kHigh = INT_MAX;
+    CXRect wild(kLow, kLow, kHigh, kHigh);
+    EXPECT_EQ(wild.Width(), -1);
+    EXPECT_EQ(wild + CXPoint(1, 1), CXRect(kLow + 1, kLow + 1, kLow, kLow));
+    EXPECT_EQ((wild - CXPoint(kHigh, kLow)).left, 1);
+    wild.Explode(1);
+    EXPECT_EQ(wild, CXRect(kHigh, kHigh, kLow, kLow));
 }
 
 TEST(CColor, PacksIntoWords) {
