@@ -18,6 +18,7 @@
 #include "script/TimerIds.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 const char * const CMC_Behaviour::kSignals[3] = {"ONINIT", "ONDONE", "ONSIGNAL"};
@@ -39,16 +40,32 @@ CXString bare(const CXString & code) {
 }
 
 std::vector<CMC_Object *> trash; // owned
+std::unordered_set<const CMC_Object *> inTrash;
 
 } // namespace
 
 Statements::Statements() = default;
 Statements::~Statements() = default;
 
-void Statements::sawName(const names::Record * record) { seen_.push_back({record, record->now()}); }
+void Statements::sawName(const names::Record * record, CMC_Object * bound) {
+    seen_.push_back({record, record->now(), life::Handle(bound)});
+}
 
-bool Statements::namesStand() const {
-    return std::ranges::all_of(seen_, [](const Seen & each) { return each.record->now() == each.version; });
+void Statements::sawNamesOf(const Statements & inner) {
+    seen_.insert(seen_.end(), inner.seen_.begin(), inner.seen_.end());
+}
+
+bool Statements::namesStand(CMC_ObjectsContainer * scope) const {
+    return std::ranges::all_of(seen_, [scope](const Seen & each) {
+        std::uint64_t now = each.record->now();
+        if (now == each.version) return true;
+        // What is temporary comes and goes all the time, and is never bound.
+        CMC_Object * found = scope ? scope->getObject(*each.record) : nullptr;
+        if (found && found->isTemporary()) found = nullptr;
+        if (found != each.bound.get()) return false;
+        each.version = now;
+        return true;
+    });
 }
 
 CMC_Behaviour::CMC_Behaviour(CMC_ObjectsContainer * scope) : CMC_Behaviour(scope, "temp", "") {}
@@ -99,7 +116,7 @@ void CMC_Behaviour::parse(const CXString & text) {
 
 void CMC_Behaviour::setParams(CXArray * args) {
     CXString text = CMC_Behaviour_Entry::fillParams(code_, args);
-    if (lines_ && text == (parsedText_.IsString() ? parsedText_ : code_) && lines_->namesStand()) return;
+    if (text == (parsedText_.IsString() ? parsedText_ : code_) && linesStand()) return;
     drop(false);
     parse(text);
     parsedText_ = text;
@@ -171,15 +188,21 @@ bool CMC_Behaviour::runLines(CMC_Object * self, CXArray * args) {
     return false;
 }
 
-void CMC_Behaviour::addTempObject(CMC_Object * object) { tempObjects_.emplace_back(object); }
+void CMC_Behaviour::addTempObject(CMC_Object * object) {
+    tempObjects_.push_back({life::Handle(object), depth});
+}
 
 void CMC_Behaviour::flushTempObjects() {
     if (tempObjects_.empty()) return;
-    for (const life::Handle & each : std::exchange(tempObjects_, {})) {
-        CMC_Object * object = each.get();
+    for (const Local & each : std::exchange(tempObjects_, {})) {
+        CMC_Object * object = each.object.get();
         if (!object) continue;
         if (object->getScene()) object->getScene()->removeObject(object);
-        life::bury(object);
+        // Nobody outside of the run that made it can be in the midst of using it.
+        if (each.madeAt == depth)
+            delete object;
+        else
+            life::bury(object);
     }
 }
 
@@ -195,10 +218,13 @@ void CMC_Behaviour::runOnTimer(int interval, int count, CXArray * args, CMC_Beha
     window->getTimer()->add(timerId_, static_cast<unsigned>(std::max(interval, 0)), this);
 }
 
+void CMC_Behaviour::leaveTimer() {
+    if (int id = std::exchange(timerId_, 0))
+        if (CWindow * window = CWindow::getWindow()) window->getTimer()->remove(id);
+}
+
 void CMC_Behaviour::endTimer() {
-    if (timerId_)
-        if (CWindow * window = CWindow::getWindow()) window->getTimer()->remove(timerId_);
-    timerId_ = 0;
+    leaveTimer();
     life::buryStrings(std::exchange(timerArgs_, nullptr));
 }
 
@@ -211,6 +237,7 @@ void CMC_Behaviour::onTimer(int) {
     bool broken = run(this, args, false);
     if (!alive.get()) return; // it stopped itself
     if (!broken && (timerCount_ < 1 || timerCounter_ != timerCount_)) return;
+    leaveTimer();
     if (auto * onDone = static_cast<CMC_Behaviour *>(timerDone_.get())) {
         onDone->run(this, args, true);
         if (onDone->getName() == "temp" && timerDone_.get()) {
@@ -222,21 +249,36 @@ void CMC_Behaviour::onTimer(int) {
 }
 
 void CMC_Behaviour::_break() {
-    if (!timerId_) return;
+    if (isToDelete()) return;
     endTimer();
     setToDelete();
     if (scene_) scene_->removeObject(this);
     life::bury(this);
 }
 
-void CMC_Behaviour::initTrash() { trash.clear(); }
+void CMC_Behaviour::initTrash() {
+    trash.clear();
+    inTrash.clear();
+}
 
 void CMC_Behaviour::doneTrash() { flushTrash(); }
 
 void CMC_Behaviour::addToTrash(CMC_Object * object) {
-    if (std::ranges::find(trash, object) == trash.end()) trash.push_back(object);
+    if (inTrash.insert(object).second) trash.push_back(object);
 }
 
 void CMC_Behaviour::flushTrash() {
+    inTrash.clear();
     for (CMC_Object * each : std::exchange(trash, {})) life::bury(each);
+}
+
+std::size_t CMC_Behaviour::trashSize() { return trash.size(); }
+
+void CMC_Behaviour::cutTrash(std::size_t size) {
+    while (trash.size() > size) {
+        CMC_Object * last = trash.back();
+        trash.pop_back();
+        inTrash.erase(last);
+        delete last;
+    }
 }

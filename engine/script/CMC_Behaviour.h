@@ -57,14 +57,18 @@ public:
 
     std::vector<std::unique_ptr<CMC_Behaviour_Entry>> entries;
 
-    // A name that the parser looked up: parsing again gives the same as long as none has moved.
-    void sawName(const names::Record * record);
-    bool namesStand() const;
+    // A name that the parser looked up, and the object that it bound, or null. Parsing again gives the same
+    // as long as each name still means that object.
+    void sawName(const names::Record * record, CMC_Object * bound);
+    // The same for all names that the parser of a text inside this one saw.
+    void sawNamesOf(const Statements & inner);
+    bool namesStand(CMC_ObjectsContainer * scope) const;
 
 private:
     struct Seen {
         const names::Record * record;
-        std::uint64_t version;
+        mutable std::uint64_t version; // up to which the name is known to mean that object
+        life::Handle bound;
     };
     std::vector<Seen> seen_;
     int uses_ = 0;
@@ -104,6 +108,8 @@ public:
     const CXString & getCode() const { return code_; }
     const CXString & getCodition() const { return condition_; }
     const Statements * getLines() const { return lines_.get(); }
+    // Whether parsing anew gives the same statements.
+    bool linesStand() const { return lines_ && lines_->namesStand(scene_); }
     bool isEnabled() const { return enabled_; }
     void enable(bool on) { enabled_ = on; }
     int getCalls() const { return calls_; }
@@ -129,6 +135,9 @@ public:
     static void doneTrash();
     static void addToTrash(CMC_Object * object);
     static void flushTrash();
+    // What a comparison put there goes with it, so that loops don't pile it up: nothing else knows of it.
+    static std::size_t trashSize();
+    static void cutTrash(std::size_t size);
 
     static int runningNo() { return depth; }
 
@@ -145,10 +154,16 @@ public:
 private:
     void parse(const CXString & text);
     void drop(bool keepBlocks);
+    void leaveTimer();
     void endTimer();
     static void startCounting();
     void refuse();
     bool runLines(CMC_Object * self, CXArray * args);
+
+    struct Local {
+        life::Handle object;
+        int madeAt; // how many behaviours ran
+    };
 
     static int depth;
     static Bounds taken;   // by the outermost run
@@ -165,7 +180,7 @@ private:
     CXArray * timerArgs_ = nullptr; // owned with its strings
     life::Handle timerDone_;
     int timerId_ = 0; // 0 while no timer runs it
-    std::vector<life::Handle> tempObjects_;
+    std::vector<Local> tempObjects_;
     bool enabled_ = true;
     int breakpoint_ = -1;
     int calls_ = 0;

@@ -161,7 +161,7 @@ void CMC_Behaviour_Entry::parse(Statements * statements) {
             plainText_ = CXString(text);
             plainHasParam_ = true;
         } else {
-            expression_ = std::make_unique<CMC_Expression>(scope(), CXString(inside(text)));
+            expression_ = std::make_unique<CMC_Expression>(scope(), CXString(inside(text)), statements);
         }
         return;
     } else if (has(text, '^') && first != '"') {
@@ -212,7 +212,8 @@ std::size_t CMC_Behaviour_Entry::parseIndirect(View text, Statements * statement
     }
     objectName_ = CXString(text.substr(1, caret - 1));
     if (objectName_.GetAt(0) == '[')
-        expression_ = std::make_unique<CMC_Expression>(scope(), CXString(inside(objectName_.view())));
+        expression_ =
+            std::make_unique<CMC_Expression>(scope(), CXString(inside(objectName_.view())), statements);
     else
         indirectTarget_ = life::Handle(lookUp(objectName_.view(), statements));
     return open;
@@ -235,8 +236,10 @@ void CMC_Behaviour_Entry::parseCall(View text, Statements * statements) {
 }
 
 CMC_Object * CMC_Behaviour_Entry::lookUp(View name, Statements * statements) {
-    if (statements) statements->sawName(names::record(name));
-    return scope() ? scope()->getObject(name) : nullptr;
+    CMC_Object * found = scope() ? scope()->getObject(name) : nullptr;
+    if (statements)
+        statements->sawName(names::record(name), found && !found->isTemporary() ? found : nullptr);
+    return found;
 }
 
 // A name with a vertical bar means a field of a structure.
@@ -263,7 +266,7 @@ void CMC_Behaviour_Entry::parseParameter(View text, Statements * statements) {
     Parameter & made = parameters_.emplace_back();
     CXObject * value = nullptr;
     if (text[0] == '[' && !has(text, '$')) {
-        made.owned = std::make_unique<CMC_Expression>(scope(), CXString(inside(text)));
+        made.owned = std::make_unique<CMC_Expression>(scope(), CXString(inside(text)), statements);
         value = made.owned.get();
     } else if ((text[0] == '@' || has(text, '$') || has(text, '^')) && isBlock(text)) {
         CMC_Behaviour * block = makeBlock(scope(), "temp_", blockCode(text));
@@ -272,6 +275,7 @@ void CMC_Behaviour_Entry::parseParameter(View text, Statements * statements) {
         made.kind = Parameter::Kind::block;
         value = made.owned.get();
         made.takesArgs = has(text, '$');
+        if (statements && block->getLines()) statements->sawNamesOf(*block->getLines());
     } else if (text[0] == '@' || has(text, '$') || has(text, '^') || text[0] != '&') {
         made.entry = std::make_unique<CMC_Behaviour_Entry>(behaviour_, CXString(text), statements);
         made.kind = has(text, '$') ? Parameter::Kind::filled : Parameter::Kind::computed;
@@ -337,11 +341,17 @@ inline bool CMC_Behaviour_Entry::ready(const CXArray * args) const {
         bool stands = each.kind == Kind::standing
                           ? each.version == each.record->now() && each.scope == scope()
                       : each.kind == Kind::bound ? each.object.get() != nullptr
-                      : each.kind == Kind::block ? !args || !each.takesArgs
+                      : each.kind == Kind::block ? !args || (!each.takesArgs && blockStands(each))
                                                  : each.kind == Kind::fixed;
         if (!stands) return false;
     }
     return true;
+}
+
+// A block without a $ that arguments are given to: they only parse it anew.
+bool CMC_Behaviour_Entry::blockStands(const Parameter & parameter) {
+    const CMC_Behaviour * block = static_cast<CMC_BlockName *>(parameter.owned.get())->block();
+    return !block || block->linesStand();
 }
 
 CMC_Object * CMC_Behaviour_Entry::runOther(CMC_Object * self, CXArray * args) {

@@ -101,6 +101,7 @@ private:
                             CXVector & params);
     CMC_Object * evaluate(const CXString & text, CMC_Object * self, CXArray * args);
     bool ready(const CXArray * args) const;
+    static bool blockStands(const Parameter & parameter);
     CXObject * compute(Parameter & parameter, CMC_Object * self, CXArray * args);
     void fill(CXVector & params, CMC_Object * self, CXArray * args);
     CXObject * settle(Parameter & parameter);

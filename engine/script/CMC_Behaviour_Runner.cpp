@@ -28,7 +28,7 @@ CMC_Object * returned(const Call & call) { return call.scope->getObject("__RETUR
 CMC_Variable * runOnce(Call & call, bool useCondition) {
     CXArray * args = code::arguments(call, 0);
     bool broken = call.self<CMC_Behaviour>()->run(nullptr, args, useCondition);
-    life::buryStrings(args);
+    CXString::releaseToVector(args);
     if (broken) return control::breakSignal();
     CMC_Object * value = returned(call);
     return value && types::isValue(value->getType())
@@ -49,7 +49,7 @@ CMC_Variable * runLooped(Call & call) {
         *args->stringAt(0) = v;
         if (call.self<CMC_Behaviour>()->run(nullptr, args, true)) break;
     }
-    life::buryStrings(args);
+    CXString::releaseToVector(args);
     CMC_Object * value = returned(call);
     return value && types::isValue(value->getType()) ? static_cast<CMC_Variable *>(value) : nullptr;
 }

@@ -150,6 +150,7 @@ bool CMC_Condition::valid(CMC_ObjectsContainer * scope, const CXString & left, c
                           int op) {
     if (!scope) return false;
     life::Guard guard;
+    const std::size_t trash = CMC_Behaviour::trashSize();
     CMC_Object * a = CMC_Behaviour::resolveParameter(scope, nullptr, left, nullptr);
     CMC_Object * b = CMC_Behaviour::resolveParameter(scope, nullptr, right, nullptr);
     bool outcome = false;
@@ -164,5 +165,6 @@ bool CMC_Condition::valid(CMC_ObjectsContainer * scope, const CXString & left, c
     }
     CMC_Object::flush(a);
     CMC_Object::flush(b);
+    CMC_Behaviour::cutTrash(trash);
     return outcome;
 }

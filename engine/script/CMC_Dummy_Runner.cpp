@@ -7,6 +7,7 @@
 #include "script/CMC_Behaviour_Runner.h"
 #include "script/CMC_BlockName.h"
 #include "script/CMC_Condition.h"
+#include "script/CMC_Expression.h"
 #include "script/CMC_ObjectsContainer.h"
 #include "script/Control.h"
 #include "script/Conversions.h"
@@ -37,7 +38,9 @@ public:
         temporary_->init();
         behaviour_ = life::Handle(temporary_);
     }
-    ~Code() { life::bury(temporary_); }
+    ~Code() {
+        if (behaviour_.get() == temporary_) delete temporary_; // else it ended itself
+    }
     Code(const Code &) = delete;
     Code & operator=(const Code &) = delete;
 
@@ -130,11 +133,20 @@ CMC_Variable * whileStatement(Call & call) {
 
 // ---------------------------------------------------------------------------------------------- LOOP, FOR
 
-// Runs code for the values from start to start + count; tell gives each value to the script.
+// The values of a loop: start, count, step. They are read before the loop touches anything, since the
+// parameters may be brackets that name the counter of a loop around this one.
+struct Turns {
+    Turns(const Call & call, int first)
+        : start(call.integer(first)),
+          end(convert::add(start, call.integer(first + 1))),
+          step(call.integer(first + 2)) {}
+    const int start, end, step;
+};
+
+// Runs code for each value; tell gives it to the script.
 template <class Tell>
-bool runTurns(const Call & call, const Code & body, int first, Tell && tell) {
-    const int start = call.integer(first), end = convert::add(start, call.integer(first + 1)),
-              step = call.integer(first + 2);
+bool runTurns(const Turns & turns, const Code & body, Tell && tell) {
+    const auto [start, end, step] = turns;
     if (start < end) {
         for (int v = start; v < end && CMC_Behaviour::nextTurn(); v = convert::add(v, step)) {
             tell(v);
@@ -151,6 +163,7 @@ bool runTurns(const Call & call, const Code & body, int first, Tell && tell) {
 
 CMC_Variable * loop(Call & call) {
     static const CXString kName = "_I_";
+    const Turns turns(call, 1);
     Code body(call, 0);
     CMC_Object * outer = call.scope->getObject(kName);
     life::Handle outerAlive(outer);
@@ -159,7 +172,7 @@ CMC_Variable * loop(Call & call) {
     life::Handle alive(counter);
     counter->setScene(call.scope);
     call.scope->addObject(counter);
-    bool broken = runTurns(call, body, 1, [&](int v) {
+    bool broken = runTurns(turns, body, [&](int v) {
         if (alive.get()) counter->setValue(v);
     });
     if (alive.get()) {
@@ -176,8 +189,9 @@ CMC_Variable * forStatement(Call & call) {
     CMC_Object * variable = isNamed ? given : call.named(0);
     if (!variable || variable->getType() != types::kInteger) return nullptr;
     life::Handle alive(variable);
+    const Turns turns(call, 2);
     Code body(call, 1);
-    return orBreak(runTurns(call, body, 2, [&](int v) {
+    return orBreak(runTurns(turns, body, [&](int v) {
         if (CMC_Object * now = alive.get()) static_cast<CMC_Integer *>(now)->setValue(v);
     }));
 }
@@ -199,6 +213,7 @@ CMC_Variable * continueStatement(Call &) { return control::continueSignal(); }
 
 CMC_Variable * conv(Call & call) {
     CMC_Variable * value = call.value(0);
+    if (!value) return nullptr;
     CXString type = call.text(1);
     CMC_Variable * made = type == "STRING" ? static_cast<CMC_Variable *>(CMC_VariableFactory::allocString())
                           : type == "INTEGER"
@@ -206,7 +221,7 @@ CMC_Variable * conv(Call & call) {
                           : type == "BOOL"   ? static_cast<CMC_Variable *>(CMC_VariableFactory::allocBool())
                           : type == "DOUBLE" ? static_cast<CMC_Variable *>(CMC_VariableFactory::allocDouble())
                                              : nullptr;
-    if (made && value) made->set(value);
+    if (made) made->set(value);
     return made;
 }
 
@@ -234,7 +249,11 @@ CMC_Variable * local(Call & call) {
 
 CMC_Variable * valueStatement(Call & call) {
     CMC_Object * object = call.named(0);
-    return object ? CMC_Runner::valueOf(object) : nullptr;
+    if (!object) return nullptr;
+    if (types::isValue(object->getType())) return static_cast<CMC_Variable *>(object);
+    // Anything else can't be a result: an expression gives its value, the rest a name.
+    if (object->getType() == types::kExpression) return static_cast<CMC_Expression *>(object)->evaluate();
+    return result(object->getName());
 }
 
 // ------------------------------------------------------------------------------------ timers and the rest

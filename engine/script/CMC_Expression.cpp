@@ -42,7 +42,7 @@ CMC_Variable * zeroLike(CMC_Variable * operand) {
 
 } // namespace
 
-CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, const CXString & text)
+CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, const CXString & text, Statements * statements)
     : CMC_Variable("expression", types::kExpression, -1),
       still_(false),
       owner_(std::make_unique<CMC_Behaviour>(scope)) {
@@ -54,7 +54,7 @@ CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, const CXString & te
                    "a bracket is cut at " + std::to_string(CMC_Behaviour::kLimit - 1) + " bytes");
     }
     cut(view);
-    CMC_Expression::init();
+    parse(statements);
 }
 
 CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, CMElement * element)
@@ -70,7 +70,7 @@ CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, CMElement * element
         complain("the operator \"" + std::string(sign.view()) +
                  "\" is none; the value is the first operand's");
     }
-    CMC_Expression::init();
+    parse(nullptr);
 }
 
 CMC_Expression::~CMC_Expression() { CMC_Object::flush(value_); }
@@ -108,15 +108,19 @@ void CMC_Expression::cut(std::string_view text) {
 }
 
 void CMC_Expression::init() {
-    if (evaluatingAt_ >= 0) return; // the operands run
+    if (evaluatingAt_ < 0) parse(nullptr); // else the operands run
+}
+
+void CMC_Expression::parse(Statements * statements) {
     entries_.clear();
     bool missing = false;
     for (std::size_t i = 0; i < operands_.size(); i++) {
         bool isEmpty = !operands_[i].IsString();
         bool isNegative = i == 0 && !operators_.empty() && operators_[0] == op::kSub;
         missing = missing || (isEmpty && !isNegative);
-        entries_.push_back(isEmpty ? nullptr
-                                   : std::make_unique<CMC_Behaviour_Entry>(owner_.get(), operands_[i]));
+        entries_.push_back(
+            isEmpty ? nullptr
+                    : std::make_unique<CMC_Behaviour_Entry>(owner_.get(), operands_[i], statements));
     }
     if (missing) complain("an operand is missing, so the bracket has no value");
 }

@@ -14,13 +14,15 @@
 
 class CMC_Behaviour;
 class CMC_Behaviour_Entry;
+class Statements;
 
 class CMC_Expression : public CMC_Variable {
 public:
     static const char * const kKeys[3];
     static constexpr SignalList kSignals{};
 
-    CMC_Expression(CMC_ObjectsContainer * scope, const CXString & text); // without the enclosing brackets
+    // Text without the enclosing brackets; statements take note of the names in it.
+    CMC_Expression(CMC_ObjectsContainer * scope, const CXString & text, Statements * statements = nullptr);
     CMC_Expression(CMC_ObjectsContainer * scope, CMElement * element);
     ~CMC_Expression() override;
 
@@ -66,6 +68,7 @@ public:
 
 private:
     void cut(std::string_view text);
+    void parse(Statements * statements);
     void complain(std::string_view what) const;
     CMC_Object * run(std::size_t operand);
     CMC_Variable * single();

@@ -98,7 +98,13 @@ void CMC_Object::clone(CMC_Object * target) {
 }
 
 void CMC_Object::clone(int count) {
-    for (int i = 0; i < count; i++) clone(clone());
+    for (int i = 0; i < count; i++) {
+        if (scene_ && scene_->getElementsNo() >= CMC_ObjectsContainer::kMostObjects) {
+            notes::add(notes::Kind::other, std::string(name_.view()) + " isn't cloned: its scope is full");
+            return;
+        }
+        clone(clone());
+    }
 }
 
 int CMC_Object::getBehaviourIndex(const CXString & text) {

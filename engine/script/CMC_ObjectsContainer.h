@@ -18,6 +18,8 @@ struct Record;
 
 class CMC_ObjectsContainer : public CMC_Object {
 public:
+    static constexpr int kMostObjects = 500'000; // up to which a scope takes clones
+
     CMC_ObjectsContainer(CWindow * window, CMC_ObjectsContainer * parent, CMElement * element, int type);
     CMC_ObjectsContainer(CWindow * window, CMC_ObjectsContainer * parent, const CXString & name, int type);
     ~CMC_ObjectsContainer() override;

@@ -46,10 +46,8 @@ CMC_Variable * clone(Call & call) {
 CMC_Variable * addBehaviour(Call & call) {
     CXString signal = signalText(call);
     auto * behaviour = call.named<CMC_Behaviour>(1, types::kBehaviour);
-    if (!behaviour) {
-        notes::add(notes::Kind::unknownBehaviour, call.text(1).view());
-        return nullptr;
-    }
+    // Binding nothing silences the signal.
+    if (!behaviour) notes::add(notes::Kind::unknownBehaviour, call.text(1).view());
     CXArray * params = call.count() > 2 ? code::arguments(call, 2) : nullptr;
     call.object->addBehaviour(signal, behaviour, params, call.scope);
     return nullptr;

@@ -234,7 +234,6 @@ TEST_F(Condition, Breaks) {
     };
     for (auto & each : cases) {
         load(std::string("OBJECT=B\nB:TYPE=BEHAVIOUR\nB:CODE={") + each.call + ";@MSGBOX(\"on\");}\n");
-        scope().getObject("B")->init();
         EXPECT_EQ(shown("B^RUN();@MSGBOX(\"after\");"), each.boxes) << each.call;
     }
 }

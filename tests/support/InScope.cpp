@@ -7,6 +7,7 @@
 #include "script/CMElements.h"
 #include "script/CMElementsLoader.h"
 
+#include <set>
 #include <utility>
 
 namespace test {
@@ -40,11 +41,16 @@ void InScope::load(const std::string & definitions) {
     std::string text = definitions;
     CTextFileReader reader(window_.get(), text.data(), static_cast<int>(text.size()));
     std::unique_ptr<CMElements> elements(CMElementsLoader::load(window_.get(), &reader));
-    int before = scope_->getElementsNo();
+    std::vector<life::Handle> before, now;
+    for (int i = 0; i < scope_->getElementsNo(); i++) before.emplace_back(scope_->getObject(i));
     delete scope_->resolveObjects(elements.get());
-    CXVector objects(2 * scope_->getElementsNo() + 1, 0.75F);
-    objects.add(scope_->getObjects());
-    for (int i = before; i < objects.size; i++) static_cast<CMC_Object *>(objects.at(i))->init();
+    // An old object may be gone, and its place be another's.
+    std::set<CMC_Object *> old;
+    for (const life::Handle & each : before) old.insert(each.get());
+    for (int i = 0; i < scope_->getElementsNo(); i++)
+        if (!old.contains(scope_->getObject(i))) now.emplace_back(scope_->getObject(i));
+    for (const life::Handle & each : now)
+        if (CMC_Object * object = each.get()) object->init();
 }
 
 bool InScope::run(const std::string & code, const std::vector<std::string> & arguments) {
