@@ -474,14 +474,26 @@ CXObject * CMC_Behaviour_Entry::compute(Parameter & parameter, CMC_Object * self
 // A parameter's text with the arguments in it. Arguments that hold a $ themselves can make texts without end,
 // and many of them.
 CMC_Object * CMC_Behaviour_Entry::evaluate(const CXString & text, CMC_Object * self, CXArray * args) {
-    static int depth = 0, made = 0;
+    // Each run of a behaviour counts for itself: those inside each other have a bound of their own.
+    struct Filling {
+        int running, depth, made;
+    };
+    static Filling now{};
     struct Level {
-        Level() {
-            if (depth++ == 0) made = 0;
+        Level() : outer(now) {
+            if (now.depth == 0 || now.running != CMC_Behaviour::runningNo())
+                now = {CMC_Behaviour::runningNo(), 0, 0};
+            now.depth++;
         }
-        ~Level() { depth--; }
+        ~Level() {
+            if (outer.depth == 0 || outer.running != now.running)
+                now = outer;
+            else
+                now.depth--;
+        }
+        const Filling outer;
     } level;
-    if (depth > kDeepestArguments || ++made > kMostArguments) {
+    if (now.depth > kDeepestArguments || ++now.made > kMostArguments) {
         notes::add(notes::Kind::tooDeep, "arguments that name arguments again");
         return nullptr;
     }

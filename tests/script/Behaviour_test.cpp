@@ -310,7 +310,13 @@ TEST_F(Behaviour, RunsInsideItself) {
          "LOC:CODE={@INT(\"A\",$1);@IF($1,\">\",1,{LOC^RUN([$1-1]);},{});@MSGBOX(A,$1);}\n"
          "OBJECT=PAIR\nPAIR:TYPE=BEHAVIOUR\n"
          "PAIR:CODE={@IF(\"V<7\",{V^INC();PAIR^RUN();},{});@MSGBOX(V,V^ADD(1),[V*1]);}\n");
-    EXPECT_EQ(shown("@MSGBOX(FIB^RUN(12));"), "144");
+    load("OBJECT=DOWN\nDOWN:TYPE=BEHAVIOUR\nDOWN:CODE={@IF($1,\">\",0,{@VALUE(@CONV(DOWN^RUN([$1-1]),"
+         "\"STRING\"));},{V^SET(9);});}\n"
+         "OBJECT=MANY\nMANY:TYPE=BEHAVIOUR\nMANY:CODE={@LOOP({@MSGBOX(V^ADD($1));},0,25000,1);}\n");
+    EXPECT_EQ(shown("DOWN^RUN(300);@MSGBOX(V);V^SET(5);"), "9");
+    run("@VALUE(@CONV(MANY^RUN($1),$2));", {"1", "STRING"});
+    EXPECT_EQ(boxes().size(), 25000U);
+    EXPECT_EQ(shown("V^SET(5);@MSGBOX(FIB^RUN(12));"), "144");
     EXPECT_EQ(shown("LOC^RUN(2);"),
               "2, 1; A, 2"); // the end of any run takes all of the behaviour's variables
     EXPECT_EQ(shown("PAIR^RUN();"), "8, 8, 8; 9, 9, 9; 10, 10, 10");
