@@ -4,6 +4,7 @@
 #include "files/CTextCoder.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -17,12 +18,18 @@ void decode(const std::string & from, const std::string & to) {
     CTextCoder coder(nullptr, &reader, true);
     if (!coder.isCoded()) throw Failure(from + ": isn't coded");
     std::string clear;
-    while (true) {
+    long lines = 0;
+    for (;; lines++) {
         std::string_view line = coder.nextLine();
         if (coder._eof()) break; // so this is the empty line behind the text
         (clear += line) += '\n';
     }
     write(to, clear);
+    if (!coder.getRest().empty() || !reader.eof())
+        std::fprintf(
+            stderr,
+            "tarnook-tool: %s: no <E> ends line %ld of the text, so it and what follows are left out\n",
+            from.c_str(), lines + 1);
 }
 
 } // namespace

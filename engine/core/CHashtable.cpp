@@ -73,7 +73,7 @@ void CHashtable::grow() {
     entries_ = inBucketOrder();
     size_ *= 2;
     limit_ = limitOf(size_, loadFactor_);
-    listed_ = false;
+    if (listed_) list();
     index(entries_.size() * 2);
 }
 
@@ -84,7 +84,7 @@ void CHashtable::put(const TextMark & mark, CXObject * key, CXObject * value) {
     entries_.push_back({key, value});
     enter(mark, entries_.size() - 1);
     count_++;
-    listed_ = false;
+    if (listed_) elements_.add(value);
 }
 
 CXObject * CHashtable::get(CXObject * key) const { return valueAt(find(markOf(key), key, nullptr)); }
@@ -101,11 +101,11 @@ bool CHashtable::takeOut(unsigned slot) {
         }
     }
     slots_[slot].place = kFree;
+    if (listed_) elements_.remove(entries_[place].value);
     if (ownKeys_) delete entries_[place].key;
     entries_[place].key = nullptr;
     while (!entries_.empty() && !entries_.back().key) entries_.pop_back();
     count_--;
-    listed_ = false;
     return true;
 }
 
@@ -116,11 +116,15 @@ bool CHashtable::remove(CStringHashCode * key, CXObject * value) {
 }
 
 bool CHashtable::remove(CXObject * value) {
-    const Entry * first = nullptr;
-    for (const Entry & entry : entries_)
-        if (entry.key && entry.value == value && (!first || bucket(entry.key) < bucket(first->key)))
-            first = &entry;
+    const Entry *first = nullptr, *firstListed = nullptr;
+    for (const Entry & entry : entries_) {
+        if (!entry.key || entry.value != value) continue;
+        if (!firstListed) firstListed = &entry;
+        if (!first || bucket(entry.key) < bucket(first->key)) first = &entry;
+    }
     if (!first) return false;
+    // Of a value under several keys another place goes in the list than in the buckets.
+    if (first != firstListed && !listed_) list();
     auto place = static_cast<int>(first - entries_.data());
     unsigned slot = home(markOf(first->key).hash);
     while (slots_[slot].place != place) slot = (slot + 1) & mask_;
@@ -138,13 +142,15 @@ CXVector * CHashtable::getKeys() const {
     return keys;
 }
 
+void CHashtable::list() {
+    elements_.removeAll();
+    for (const Entry & entry : entries_)
+        if (entry.key) elements_.add(entry.value);
+    listed_ = true;
+}
+
 CXVector * CHashtable::getElements() {
-    if (!listed_) {
-        elements_.removeAll();
-        for (const Entry & entry : entries_)
-            if (entry.key) elements_.add(entry.value);
-        listed_ = true;
-    }
+    if (!listed_) list();
     return &elements_;
 }
 
@@ -154,7 +160,6 @@ void CHashtable::clear() {
     entries_.clear();
     slots_.clear();
     elements_.removeAll();
-    listed_ = true;
     count_ = 0;
 }
 
@@ -164,6 +169,7 @@ CXObject * CHashtable::clone() {
     copy->slots_ = slots_;
     copy->mask_ = mask_;
     copy->count_ = count_;
-    copy->listed_ = false;
+    copy->listed_ = listed_;
+    copy->elements_.add(&elements_);
     return copy;
 }

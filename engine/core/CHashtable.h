@@ -33,8 +33,8 @@ public:
     bool contains(CXObject * value);
     // New vector of all keys in bucket order, in a bucket in order of put; null for an empty table.
     CXVector * getKeys() const;
-    // All values in order of put (a doubling puts all again, in bucket order). The vector stays the table's;
-    // each call brings it up to date.
+    // All values in order of put (a doubling puts all again, in bucket order); removing one takes its first
+    // place in the list. The vector stays the table's and follows its changes.
     CXVector * getElements();
     int getSize() const { return count_; }
     int getTableSize() const { return size_; }
@@ -72,6 +72,7 @@ private:
     void put(const TextMark & mark, CXObject * key, CXObject * value);
     bool takeOut(unsigned slot);
     void enter(const TextMark & mark, std::size_t place);
+    void list();
     void grow();
     void index(std::size_t room);
 
@@ -80,7 +81,7 @@ private:
     int limit_; // entries that fit before the table doubles
     double loadFactor_;
     bool ownKeys_;
-    bool listed_ = true; // elements_ is up to date
+    bool listed_ = false; // elements_ was asked for: from then on it is kept up to date
     std::vector<Entry> entries_;
     std::vector<Slot> slots_; // open addressing, a power of two, at most a third full
     unsigned mask_ = 0;

@@ -1,8 +1,9 @@
 #pragma once
 
-// A boxed number; its hash is its value, so it can key a CHashtable.
+// A boxed number; its hash is its value, so it can key a CHashtable. Counting wraps around.
 
 #include "core/CXObject.h"
+#include "core/Wrapping.h"
 
 class CInteger : public CXObject {
 public:
@@ -10,9 +11,8 @@ public:
     explicit CInteger(int value) : value_(value) {}
     explicit CInteger(const CXString & text) : value_(text.toNumber()) {}
 
-    // At 32 bits they wrap around.
-    void increment() { value_ = static_cast<int>(static_cast<unsigned>(value_) + 1U); }
-    void decrement() { value_ = static_cast<int>(static_cast<unsigned>(value_) - 1U); }
+    void increment() { value_ = wrap::add(value_, 1); }
+    void decrement() { value_ = wrap::sub(value_, 1); }
     void parse(const CXString & text) { value_ = text.toNumber(); }
     int toInt() const { return value_; }
     using CXObject::toString;

@@ -22,7 +22,7 @@ CMemStream::~CMemStream() = default;
 void CMemStream::wholeByte() {
     if (bit_ == 0) return;
     bit_ = 0;
-    at_++;
+    if (at_ < end_) at_++; // get_bytes may have gone to the end from the middle of a byte
 }
 
 int CMemStream::get_bit() {

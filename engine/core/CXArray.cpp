@@ -14,7 +14,7 @@ void CXArray::insertAt(int i, void * item) {
     if (i < 0 || i > size) return;
     growFor(i);
     if (size == capacity_) doubleSize();
-    open(i);
+    openToTheEnd(i);
     items_[i] = item;
     size++;
 }

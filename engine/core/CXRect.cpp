@@ -17,7 +17,8 @@ CXRect CXRect::Common(const CXRect & other) const {
 }
 
 CXPoint CXRect::GetCenteredPosition(CGraphicsObject * object) const {
-    return {left + (Width() - object->Width()) / 2, top + (Height() - object->Height()) / 2};
+    return {wrap::add(left, wrap::sub(Width(), object->Width()) / 2),
+            wrap::add(top, wrap::sub(Height(), object->Height()) / 2)};
 }
 
 void CXRect::addRect(CXArray * list, int l, int t, int r, int b) {
@@ -30,7 +31,7 @@ void CXRect::addRect(CXArray * list, int l, int t, int r, int b) {
 CXArray * CXRect::sub(const CXRect & other) const {
     auto * pieces = new CXArray(5, 0.75F);
     CXRect c = Common(other);
-    if (c.Width() <= 0 || c.Height() <= 0) return pieces;
+    if (c.left >= c.right || c.top >= c.bottom) return pieces;
     bool cutsLeft = c.left == left, cutsTop = c.top == top, cutsRight = c.right == right,
          cutsBottom = c.bottom == bottom;
     if (cutsRight && !cutsLeft && cutsTop != cutsBottom) {

@@ -13,40 +13,34 @@ public:
     CXRect() = default;
     explicit CXRect(int v) : left(v), top(v), right(v), bottom(v) {}
     CXRect(int l, int t, int r, int b) : left(l), top(t), right(r), bottom(b) {}
+    CXRect(CXPoint leftTop, CXPoint bottomRight)
+        : CXRect(leftTop.x, leftTop.y, bottomRight.x, bottomRight.y) {}
 
-    // Sums and differences wrap around at 32 bits, as scripts may give any number.
-    int Width() const { return minus(right, left); }
-    int Height() const { return minus(bottom, top); }
-    bool IsEmpty() const { return Width() == 0 || Height() == 0; }
+    int Width() const { return wrap::sub(right, left); }
+    int Height() const { return wrap::sub(bottom, top); }
+    bool IsEmpty() const { return left == right || top == bottom; }
     void Set(int l, int t, int r, int b) { *this = {l, t, r, b}; }
     void Empty() { *this = CXRect(0); }
     CXPoint LeftTop() const { return {left, top}; }
     CXPoint RightTop() const { return {right, top}; }
     CXPoint LeftBottom() const { return {left, bottom}; }
     CXPoint BottomRight() const { return {right, bottom}; }
-    CXPoint CenterPoint() const { return {plus(left, Width() / 2), plus(top, Height() / 2)}; }
+    CXPoint CenterPoint() const { return {wrap::add(left, Width() / 2), wrap::add(top, Height() / 2)}; }
 
     CXRect & operator+=(CXPoint p) { return *this = *this + p; }
     CXRect & operator-=(CXPoint p) { return *this = *this - p; }
-    CXRect operator+(CXPoint p) const {
-        return {plus(left, p.x), plus(top, p.y), plus(right, p.x), plus(bottom, p.y)};
-    }
-    CXRect operator-(CXPoint p) const {
-        return {minus(left, p.x), minus(top, p.y), minus(right, p.x), minus(bottom, p.y)};
-    }
-    CXRect operator-(CXSize s) const { return {left, top, minus(right, s.cx), minus(bottom, s.cy)}; }
-    CXRect operator-(CXRect r) const {
-        return {minus(left, r.left), minus(top, r.top), minus(right, r.right), minus(bottom, r.bottom)};
-    }
+    CXRect operator+(CXPoint p) const { return {LeftTop() + p, BottomRight() + p}; }
+    CXRect operator-(CXPoint p) const { return {LeftTop() - p, BottomRight() - p}; }
+    CXRect operator-(CXSize s) const { return {LeftTop(), BottomRight() - CXPoint(s.cx, s.cy)}; }
+    CXRect operator-(CXRect r) const { return {LeftTop() - r.LeftTop(), BottomRight() - r.BottomRight()}; }
     bool operator==(const CXRect &) const = default;
 
     // All four edges belong to it here, unlike in the widths.
     bool IsInRect(int x, int y) const { return x >= left && x <= right && y >= top && y <= bottom; }
     bool IsInRect(CXPoint p) const { return IsInRect(p.x, p.y); }
 
-    void Explode(int dx, int dy) {
-        *this = {minus(left, dx), minus(top, dy), plus(right, dx), plus(bottom, dy)};
-    } // grows on all sides
+    // Grows on all sides.
+    void Explode(int dx, int dy) { *this = {LeftTop() - CXPoint(dx, dy), BottomRight() + CXPoint(dx, dy)}; }
     void Explode(int d) { Explode(d, d); }
     void Explode(CXSize s) { Explode(s.cx, s.cy); }
     CXRect & Sum(const CXRect & other); // the box round both, in place
@@ -67,12 +61,4 @@ public:
     static void addRect(CXArray * list, int l, int t, int r, int b);
 
     int left = 0, top = 0, right = 0, bottom = 0;
-
-private:
-    static int plus(int a, int b) {
-        return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
-    }
-    static int minus(int a, int b) {
-        return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
-    }
 };

@@ -81,6 +81,12 @@ protected:
         need(size + 1);
         std::copy_backward(items_ + i, items_ + size, items_ + size + 1);
     }
+    // The same, moving also what was set behind the size; what stood in the last place of the capacity goes.
+    void openToTheEnd(int i) {
+        need(size + 1);
+        if (items_[room_ - 1] && room_ < capacity_) need(room_ + 1);
+        std::copy_backward(items_ + i, items_ + room_ - 1, items_ + room_);
+    }
     void append(PointerList & other) {
         int count = other.size; // other may be this list
         growFor(size + count);

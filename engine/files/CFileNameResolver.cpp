@@ -15,7 +15,8 @@ std::string_view take(std::string_view & text, char separator) {
 } // namespace
 
 CFileNameResolver::CFileNameResolver(const CXString & path) : source_(path) {
-    if (source_.GetAt(1) == ':') drive_ = static_cast<unsigned char>(source_.GetAt(0));
+    if (source_.GetAt(1) == ':' && source_.GetAt(0) != '\\')
+        drive_ = static_cast<unsigned char>(source_.GetAt(0));
     int nameAt = source_.FindLast('\\') + 1;
     path_ = source_.Left(nameAt);
     name_ = source_.Right(nameAt);

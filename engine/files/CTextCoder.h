@@ -35,6 +35,8 @@ public:
     // getLine() for readers in a hurry: no line feed, and nothing is copied out of a clear text. Good until
     // the next line is asked for.
     std::string_view nextLine();
+    // Of a coded text at its end: what stands on its last line behind the last "<E>", and is no line.
+    std::string_view getRest() const { return physical_; }
 
     // Copies of files, coded and in clear. The new file is made below the local root or where its name says.
     // Nothing happens on an error, to a text already coded, or to one already clear.

@@ -4,6 +4,7 @@
 
 #include "core/CXString.h"
 #include "core/Text.h"
+#include "core/Wrapping.h"
 
 #include <cmath>
 #include <cstdint>
@@ -28,15 +29,9 @@ inline int rounded(double value) {
 inline bool toBool(std::string_view text) { return text::equalIgnoringCase(text, "TRUE"); }
 
 // Whole numbers wrap around at 32 bits.
-inline int add(int a, int b) {
-    return static_cast<int>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
-}
-inline int sub(int a, int b) {
-    return static_cast<int>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
-}
-inline int mul(int a, int b) {
-    return static_cast<int>(static_cast<std::uint32_t>(a) * static_cast<std::uint32_t>(b));
-}
+using wrap::add;
+using wrap::mul;
+using wrap::sub;
 // By zero gives 0 and a note in the log.
 int divide(int a, int b);
 int remainder(int a, int b);

@@ -169,6 +169,39 @@ TEST(CHashtable, EqualKeysStayApartAndTheEarlierIsFound) {
     EXPECT_EQ(table.get(&one), &second);
 }
 
+// The entry of the first bucket goes; in the list of values the first of the equal places.
+TEST(CHashtable, AValueUnderSeveralKeys) {
+    struct {
+        std::vector<int> keys; // their bucket is their remainder by 11
+        const char *values, *left;
+        int leftKey;                           // of the two keys for v
+    } rows[] = {{{3, 5, 4}, "vwv", "wv", 4},   // bucket 3, first in the list too
+                {{4, 5, 3}, "vwv", "wv", 4},   // bucket 3, last in the list: there the first place goes
+                {{3, 5, 14}, "vwv", "wv", 14}, // both in one bucket
+                {{-1, 2, 10}, "vwv", "wv", 10}};
+    for (auto & row : rows)
+        for (bool asked : {false, true}) {
+            CInteger v(1), w(2);
+            std::vector<std::unique_ptr<CInteger>> keys;
+            CHashtable table(11, 0.75, false);
+            CXVector * list = asked ? table.getElements() : nullptr;
+            for (std::size_t i = 0; i < row.keys.size(); i++)
+                table.put(keys.emplace_back(new CInteger(row.keys[i])).get(), row.values[i] == 'v' ? &v : &w);
+            EXPECT_TRUE(table.remove(&v));
+            if (!asked) list = table.getElements();
+            std::string left;
+            for (CXObject * each : *list) left += each == &v ? 'v' : 'w';
+            EXPECT_EQ(left, row.left) << row.leftKey << asked;
+            CInteger stays(row.leftKey);
+            EXPECT_EQ(table.get(&stays), &v) << row.leftKey << asked;
+            EXPECT_TRUE(table.contains(&v) && table.remove(&v));
+            EXPECT_FALSE(table.contains(&v) || table.remove(&v));
+            EXPECT_EQ(table.get(&stays), nullptr);
+            EXPECT_EQ(list->size, 1); // the list follows
+            EXPECT_EQ(list->at(0), &w);
+        }
+}
+
 // A key that counts how many of it are alive.
 class Counted : public CInteger {
 public:
@@ -177,23 +210,6 @@ public:
     static int alive;
 };
 int Counted::alive = 0;
-
-// remove looks for the value, bucket by bucket: of its several keys the one in the first bucket goes.
-TEST(CHashtable, AValueUnderSeveralKeys) {
-    CHashtable table(11, 1.0, true);
-    CInteger value(1), other(2), three(3), seven(7), five(5);
-    table.put(new CInteger(7), &value);
-    table.put(new CInteger(5), &other);
-    table.put(new CInteger(3), &value);
-    EXPECT_TRUE(table.remove(&value));
-    EXPECT_EQ(table.get(&three), nullptr);
-    EXPECT_EQ(table.get(&seven), &value);
-    EXPECT_TRUE(table.contains(&value));
-    EXPECT_TRUE(table.remove(&value));
-    EXPECT_FALSE(table.remove(&value));
-    EXPECT_EQ(table.get(&five), &other);
-    EXPECT_EQ(table.getSize(), 1);
-}
 
 TEST(CHashtable, DeletesTheKeysThatItOwns) {
     CInteger value(0), another(1);

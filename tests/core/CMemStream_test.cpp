@@ -70,6 +70,15 @@ TEST_F(CMemStreams, BehindTheEndStandsZero) {
     char four[] = "xxxx";
     stream.get_bytes(four, 4);
     EXPECT_EQ(std::string(four, 4), std::string("\2\0\0\0", 4));
+    // To the end from the middle of a byte: there is no rest of a byte to skip.
+    CMemStream one = streamOf("\xFF");
+    EXPECT_EQ(one.get_bits(3), 7U);
+    one.get_bytes(four, 1);
+    EXPECT_EQ(one.get_char(), 0);
+    one.get_bytes(four, 4);
+    EXPECT_EQ(std::string(four, 4), std::string(4, '\0'));
+    one.move(-1);
+    EXPECT_EQ(one.get_char(), -1);
     CMemStream empty = streamOf("");
     EXPECT_EQ(empty.getSize(), 0);
     EXPECT_EQ(empty.get_bits(9), 0U);

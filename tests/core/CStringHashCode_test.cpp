@@ -5,6 +5,7 @@
 #include "core/CXArray.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 #include <string>
 
 namespace {
@@ -59,6 +60,12 @@ TEST(CInteger, CountsAndKeys) {
     number.parse("none");
     number.decrement();
     EXPECT_EQ(number.toInt(), -1);
+    CInteger most(std::numeric_limits<int>::max());
+    most.increment();
+    EXPECT_EQ(most.toInt(), std::numeric_limits<int>::min()); // around
+    most.decrement();
+    EXPECT_EQ(most.toInt(), std::numeric_limits<int>::max());
+    EXPECT_EQ(CInteger::toString(-5), "-5");
 }
 
 TEST(CStringTokenizer, CutsAtRunsOfSeparators) {

@@ -5,8 +5,8 @@
 #include "core/CXPair.h"
 #include "core/CXTriple.h"
 #include "core/Queues.h"
+#include "script/CMC_String.h"
 
-#include <climits>
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>
@@ -120,6 +120,17 @@ TEST(CXArray, SetsBehindItsSize) {
     EXPECT_EQ(list[19], nullptr);
     EXPECT_EQ(list.setAt(20, number(2)), number(20));
     EXPECT_EQ(list.setAt(0x7FFFFFFF, number(2)), nullptr); // refused, not allocated
+    list.insertAt(1, number(2));                           // moves what stands behind the size too
+    EXPECT_EQ(list.size, 2);
+    EXPECT_EQ(list[4], number(3));
+    EXPECT_EQ(list[21], number(2));
+    EXPECT_EQ(list[20], nullptr);
+    CXArray full(2, 1.0F);
+    full.setAt(1, number(1));
+    full.insertAt(0, number(0)); // the last place of the capacity falls off
+    EXPECT_EQ(full.getCapacity(), 2);
+    EXPECT_EQ(full[0], number(0));
+    EXPECT_EQ(full[1], nullptr);
     CXString text("t");
     list.setAt(0, &text);
     EXPECT_EQ(list.stringAt(0), &text);
@@ -127,28 +138,16 @@ TEST(CXArray, SetsBehindItsSize) {
     EXPECT_EQ(list.stringAt(-1), nullptr);
 }
 
-// By what the items' toString gives, so that the list holds objects, not texts.
-TEST(CXArray, FindsTextsWithoutCase) {
-    struct Named : CXObject {
-        explicit Named(const char * text) : name(text) {}
-        CXString toString() override { return name; }
-        CXString name;
-    } one("One"), two("two");
+TEST(CXArray, FindsTheTextsOfScriptValues) {
+    CMC_String word{CXString("Wor\xA5"), CXString("NAME")}, empty{CXString(""), CXString("OTHER")};
     CXArray list(4, 0.75F);
-    list.add(static_cast<CXObject *>(&one));
-    list.add(static_cast<CXObject *>(&two));
-    EXPECT_TRUE(list.containsString("two"));
-    EXPECT_TRUE(list.containsString("ONE"));
-    EXPECT_FALSE(list.containsString("On"));
     EXPECT_FALSE(list.containsString(""));
-}
-
-TEST(CInteger, WrapsAround) {
-    CInteger number(INT_MAX);
-    number.increment();
-    EXPECT_EQ(number.toInt(), INT_MIN);
-    number.decrement();
-    EXPECT_EQ(number.toInt(), INT_MAX);
+    list.add(&word);
+    EXPECT_TRUE(list.containsString("wOR\xB9"));
+    for (const char * absent : {"", "wor", "NAME", "Wor\xA5 "})
+        EXPECT_FALSE(list.containsString(absent)) << absent;
+    list.add(&empty);
+    EXPECT_TRUE(list.containsString(""));
 }
 
 TEST(CXVector, SetsWithinItsSizeOnly) {

@@ -4,8 +4,8 @@
 #include "core/CXVersion.h"
 #include "graphics/CGraphicsObject.h"
 
-#include <climits>
 #include <gtest/gtest.h>
+#include <limits>
 #include <vector>
 
 void PrintTo(const CXRect & r, std::ostream * out) {
@@ -125,21 +125,42 @@ TEST(CXRect, EdgesAndBoxes) {
     EXPECT_EQ(CXSize(-3, 2).mul(), -6);
 }
 
-TEST(CXRect, CentresObjects) {
-    CGraphicsObject object(nullptr, {4, 3}, 16);
-    EXPECT_EQ(CXRect(10, 20, 21, 30).GetCenteredPosition(&object), CXPoint(13, 23));
-    EXPECT_EQ(CXRect(0, 0, 1, 1).GetCenteredPosition(&object), CXPoint(-1, -1)); // halves go towards zero
+TEST(CXRect, CentresAnObject) {
+    struct {
+        CXRect in;
+        int width, height;
+        CXPoint place;
+    } rows[] = {{{0, 0, 10, 20}, 4, 6, {3, 7}},
+                {{100, -50, 111, -40}, 4, 5, {103, -48}}, // halves go towards 0
+                {{0, 0, 10, 10}, 15, 13, {-2, -1}},       // a larger one sticks out on both sides
+                {{5, 5, 5, 5}, 0, 1, {5, 5}}};
+    for (auto & row : rows) {
+        CGraphicsObject object(nullptr, CXSize(row.width, row.height), 16);
+        EXPECT_EQ(row.in.GetCenteredPosition(&object), row.place) << row.width;
+    }
 }
 
-// Scripts may give any number.
-TEST(CXRect, WrapsAround) {
-    constexpr int kLow = INT_MIN, kHigh = INT_MAX;
-    CXRect wild(kLow, kLow, kHigh, kHigh);
-    EXPECT_EQ(wild.Width(), -1);
-    EXPECT_EQ(wild + CXPoint(1, 1), CXRect(kLow + 1, kLow + 1, kLow, kLow));
-    EXPECT_EQ((wild - CXPoint(kHigh, kLow)).left, 1);
-    wild.Explode(1);
-    EXPECT_EQ(wild, CXRect(kHigh, kHigh, kLow, kLow));
+// Numbers that a script made up: the result wraps, and the sanitizers find nothing.
+TEST(CXRect, WildNumbersWrap) {
+    constexpr int kMost = std::numeric_limits<int>::max(), kLeast = std::numeric_limits<int>::min();
+    const CXRect all(kLeast, kLeast, kMost, kMost);
+    EXPECT_EQ(all.Width(), -1);
+    EXPECT_FALSE(all.IsEmpty());
+    EXPECT_EQ(all.CenterPoint(), CXPoint(kLeast, kLeast));
+    EXPECT_EQ(all + CXPoint(1, -1), CXRect(kLeast + 1, kMost, kLeast, kMost - 1));
+    EXPECT_EQ(all - all, CXRect(0));
+    EXPECT_EQ(all - CXSize(-1, 1), CXRect(kLeast, kLeast, kLeast, kMost - 1));
+    CXRect grown(0, 0, 1, 1);
+    grown.Explode(kMost);
+    EXPECT_EQ(grown, CXRect(-kMost, -kMost, kLeast, kLeast));
+    EXPECT_EQ(CXPoint(kMost, kLeast) + 1, CXPoint(kLeast, kLeast + 1));
+    EXPECT_EQ(CXPoint(kLeast, 0) - CXPoint(1, kLeast), CXPoint(kMost, kLeast));
+    EXPECT_EQ(CXSize(kLeast, kLeast).AbsSum(), 0);
+    EXPECT_EQ(CXSize(kMost, 2).mul(), -2);
+    EXPECT_EQ(CXSize(kMost, 1).Sum(), kLeast);
+    // A width of more than 31 bits is an area all the same.
+    EXPECT_EQ(piecesOf(all, {0, kLeast, kMost, kMost}), (std::vector<CXRect>{{kLeast, kLeast, 0, kMost}}));
+    EXPECT_EQ(piecesOf(all, {1, 1, 2, 2}).size(), 4U);
 }
 
 TEST(CColor, PacksIntoWords) {

@@ -73,6 +73,32 @@ TEST_F(TextTool, CodeAndDecodeGiveTheLinesBack) {
     EXPECT_EQ(get("back"), "Hi\n");
 }
 
+// What is left is written, and what isn't is said.
+TEST_F(TextTool, DecodeTellsWhereACodedTextBreaks) {
+    struct {
+        const char *coded, *lines;
+        int broken; // line of the text; 0 for none
+    } cases[] = {
+        {"{<C:2>}\nI<E>I<E>\nI<E>\n", "H\nJ\nH\n", 0}, // moved by +1 and -1 in turn
+        {"{<C:2>}\n", "", 0},
+        {"{<C:2>}", "", 0},
+        {"{<C:2>}\nI<E>I<", "H\n", 2},
+        {"{<C:2>}\nI<E>\nI<E>I<E>\n", "H\n", 2},
+        {"{<C:2>}\nOBJECT=A\n", "", 1},
+        {"{<C:2>}\n\nI<E>I<E>\n", "", 1},
+    };
+    for (auto & each : cases) {
+        SCOPED_TRACE(each.coded);
+        put("coded", each.coded);
+        Result result = run("decode coded back");
+        EXPECT_EQ(result.status, 0);
+        EXPECT_EQ(get("back"), each.lines);
+        std::string line = "tarnook-tool: coded: no <E> ends line " + std::to_string(each.broken) +
+                           " of the text, so it and what follows are left out\n";
+        EXPECT_EQ(result.err, each.broken ? line : "");
+    }
+}
+
 // A folder of the current directory must not stand in for one of the same name elsewhere.
 TEST_F(TextTool, NamesMeanWhatTheySay) {
     put("Dane/a", "wrong\n");
