@@ -42,7 +42,7 @@ CGraphicsObject::CGraphicsObject(CWindow * window, CGraphicsObject & other) : CG
 }
 
 CGraphicsObject::CGraphicsObject(const CGraphicsObject & other)
-    : CXObject(other), CInvalidateObserver(other) {
+    : CXObject(other), CInvalidateObserver(other), window_(other.window_) {
     takePlain(other);
 }
 

@@ -17,7 +17,7 @@ std::unique_ptr<std::uint16_t[]> products;
 
 void CGraphicsObject::__initialize_mul_array() {
     if (products) return;
-    products = std::make_unique<std::uint16_t[]>(512 * 256);
+    products = std::make_unique<std::uint16_t[]>(std::size_t{512} * 256);
     for (int k = -256; k < 256; k++)
         for (int a = 0; a < 256; a++) products[(k + 256) * 256 + a] = static_cast<std::uint16_t>(k * a);
 }

@@ -68,11 +68,7 @@ CImage::CImage(CWindow * window, CMElement * element) : CImage(window) {
     toRelease(releaseAfterUse); // last, so that the hiding above releases nothing
 }
 
-CImage & CImage::operator=(const CImage & other) {
-    CGraphicsObject::operator=(other);
-    CPlayable::operator=(other);
-    return *this;
-}
+CImage & CImage::operator=(const CImage & other) = default;
 
 CGraphicsObject * CImage::clone() { return new CImage(*this); }
 

@@ -116,7 +116,7 @@ void readChannel(Cursor & in, CXSize size, Channel & channel) {
     if (coded == kRaw) {
         std::string_view data = in.take(pixels);
         if (!in.ok()) return;
-        channel.plane.reset(new char[static_cast<std::size_t>(pixels)]());
+        channel.plane = std::make_unique<char[]>(static_cast<std::size_t>(pixels));
         std::copy_n(data.data(), data.size(), channel.plane.get());
     } else if (coded == kRows) {
         channel.plane = rows(in, size);

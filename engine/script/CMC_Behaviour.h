@@ -66,8 +66,8 @@ public:
 
 private:
     struct Seen {
-        const names::Record * record;
-        mutable std::uint64_t version; // up to which the name is known to mean that object
+        const names::Record * record = nullptr;
+        mutable std::uint64_t version = 0; // up to which the name is known to mean that object
         life::Handle bound;
     };
     std::vector<Seen> seen_;
@@ -162,7 +162,7 @@ private:
 
     struct Local {
         life::Handle object;
-        int madeAt; // how many behaviours ran
+        int madeAt = 0; // how many behaviours ran
     };
 
     static int depth;
