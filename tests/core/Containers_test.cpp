@@ -134,7 +134,7 @@ TEST(CXArray, SetsBehindItsSize) {
     CXString text("t");
     list.setAt(0, &text);
     EXPECT_EQ(list.stringAt(0), &text);
-    EXPECT_EQ(list.stringAt(1), nullptr);
+    EXPECT_EQ(list.stringAt(2), nullptr);
     EXPECT_EQ(list.stringAt(-1), nullptr);
 }
 
