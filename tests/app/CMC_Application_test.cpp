@@ -178,8 +178,8 @@ TEST_F(Application, RestartsFromAnywhere) {
         D TYPE=SCENE)");
     define("Dane/A.cnv", "A ONINIT={@MSGBOX(\"A\");}");
     const char * const ways[] = {
-        "X TYPE=INTEGER\nX ONINIT={GAME^RESTART();@MSGBOX(\"still\");}\nZ TYPE=TIMER\nZ "
-        "ONINIT={@MSGBOX(\"never\");}",
+        ("X TYPE=INTEGER\nX ONINIT={GAME^RESTART();@MSGBOX(\"still\");}\nZ TYPE=TIMER\n"
+         "Z ONINIT={@MSGBOX(\"never\");}"),
         "__INIT__ TYPE=BEHAVIOUR\n__INIT__ CODE={GAME^RESTART();@MSGBOX(\"still\");}",
         "D ONINIT={GAME^RESTART();@MSGBOX(\"still\");}",
     };
