@@ -19,12 +19,13 @@ public:
     static void initialize(CWindow * window);
     static void done();
 
-private:
     // As libsndfile publishes it.
     struct SF_INFO {
         std::int64_t frames;
         int samplerate, channels, format, sections, seekable;
     };
+
+private:
     using Open = void * (*)(const char * path, int mode, SF_INFO * info);
     using ReadShort = std::int64_t (*)(void * file, short * to, std::int64_t frames);
     using Close = int (*)(void * file);

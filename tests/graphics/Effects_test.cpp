@@ -152,10 +152,10 @@ TEST(Effects, AMaskKeepsWhatItCovers) {
         {{INT32_MIN, 0}, Bytes(9, 9), {}},
         {{0, 1}, {9, 9, 9, 1, 2, 9, 3, 4, 9}, {{10, 21, 12, 23}}},
     };
+    test::Canvas canvas; // outlives its objects
     auto object = picture({3, 3}, Words(9, 0), Bytes(9, 9));
     object->SetPosition(10, 20);
     auto mask = picture({2, 2}, Words(4, 0), {1, 2, 3, 4});
-    test::Canvas canvas;
     object->SetCanvas(&canvas);
     for (const auto & s : steps) {
         canvas.told.clear();

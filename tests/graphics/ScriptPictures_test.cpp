@@ -58,6 +58,10 @@ protected:
     void animo(const std::string & keys = "") {
         load("OBJECT=A\nA:TYPE=ANIMO\nA:FILENAME=a.ann\nA:TOCANVAS=TRUE\nA:VISIBLE=TRUE\n" + keys);
     }
+    void drop(const char * name) {
+        std::unique_ptr<CMC_Object> object(scope().getObject(name));
+        scope().removeObject(object.get());
+    }
     int seen(int x, int y) {
         window().OnActivateApp(true);
         window().Redraw();
@@ -110,13 +114,11 @@ TEST_F(ScriptPictures, ClonesAndEndsOnTheScreen) {
     run("P^CLONE(2);P_1^SETPOSITION(100,0);P_2^SETPOSITION(200,0);P_2^HIDE();");
     EXPECT_EQ(seen(100, 0), 1);
     EXPECT_EQ(seen(200, 0), 0);
-    scope().removeObject(scope().getObject("P_2"));
+    drop("P_2");
     run("P_1^REPLACECOLOR(0,0,8,248,0,0);P_1^INVALIDATE();");
     EXPECT_EQ(seen(100, 0), 63488);
     EXPECT_EQ(seen(0, 0), 1) << "a clone's pixels are its own";
-    CMC_Object * clone = scope().getObject("P_1");
-    scope().removeObject(clone);
-    delete clone;
+    drop("P_1");
     EXPECT_EQ(seen(100, 0), 0) << "what goes leaves the screen";
 }
 
@@ -182,9 +184,7 @@ TEST_F(ScriptPictures, AnimationsAndTheirFrames) {
     for (const auto & c : cases) EXPECT_EQ(shown(c.code), c.box) << c.code;
     // A clone keeps its pixels when the source changes its own, loads another file or goes.
     run("A^CLONE(1);A^REPLACECOLOR(16,136,136,0,0,0);A^LOAD(\"a.ann\");A_1^SETPOSITION(300,0);");
-    CMC_Object * source = scope().getObject("A");
-    scope().removeObject(source);
-    delete source;
+    drop("A");
     EXPECT_EQ(shown("@MSGBOX(A_1^GETPIXEL(0,0,0));"), "4369");
     run("A_1^SHOW();A_1^INVALIDATE();");
     EXPECT_EQ(seen(300, 0), 0x1111);

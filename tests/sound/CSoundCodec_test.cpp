@@ -174,10 +174,7 @@ TEST_F(CSoundCodecTest, AdpcmOfAnotherProgram) {
 int closed = 0;
 
 TEST_F(CSoundCodecTest, TheLibraryBesideTheProgramComesFirst) {
-    struct Info {
-        std::int64_t frames;
-        int samplerate, channels;
-    };
+    using Info = CSoundCodec_ADPCM::SF_INFO;
     auto owner = std::make_unique<platform::ListedModules>();
     platform::ListedModules & modules = *owner;
     world().modules = std::move(owner);
@@ -187,10 +184,9 @@ TEST_F(CSoundCodecTest, TheLibraryBesideTheProgramComesFirst) {
     Open open = [](const char * name, int mode, Info * info) -> void * {
         EXPECT_EQ(mode, 16);
         std::string_view text(name);
-        *info = {text.ends_with("huge")   ? 1LL << 40
-                 : text.ends_with("none") ? 0
-                                          : 2,
-                 8000, text.ends_with("mute") ? 0 : 1};
+        info->frames = text.ends_with("huge") ? 1LL << 40 : text.ends_with("none") ? 0 : 2;
+        info->samplerate = 8000;
+        info->channels = text.ends_with("mute") ? 0 : 1;
         return info;
     };
     Read read = [](void *, short * to, std::int64_t frames) {

@@ -260,12 +260,13 @@ INLINE void walk(const Job & job, Step step) {
             continue;
         }
         const Bytes all = ~Bytes{};
+        auto onto = [da](int i) { return da ? da + i : da; };
         int x = 0;
-        for (; x + kStep <= w; x += kStep) at(step, d + x, s + x, a ? load<Bytes>(a + x) : all, da + x);
+        for (; x + kStep <= w; x += kStep) at(step, d + x, s + x, a ? load<Bytes>(a + x) : all, onto(x));
         if (x == w) continue;
         Bytes mask = load<Bytes>(kTail + (w - x));
         x = w - kStep;
-        at(step, d + x, s + x, a ? load<Bytes>(a + x) & mask : mask, da + x);
+        at(step, d + x, s + x, a ? load<Bytes>(a + x) & mask : mask, onto(x));
     }
 }
 
