@@ -50,8 +50,8 @@ std::string packed(const std::string & plane, bool colours, int compression) {
 std::string encodeJpeg(const Picture & picture, int quality) {
     if (picture.width > kLargestJpeg || picture.height > kLargestJpeg)
         throw Failure("a JPEG file holds " + std::to_string(kLargestJpeg) + " pixels a side at most");
-    jpeg_compress_struct info;
-    jpeg_error_mgr errors;
+    jpeg_compress_struct info{};
+    jpeg_error_mgr errors{};
     info.err = jpeg_std_error(&errors); // ends the program with a message; memory is all that may lack
     jpeg_create_compress(&info);
     unsigned char * made = nullptr;
@@ -93,7 +93,7 @@ std::string encodeImg(const Picture & picture, const ImgForm & form) {
         alpha.clear();
     else
         alpha = packed(alpha, false, jpeg ? int{kCompressionLzo} : form.compression);
-    std::string out("TNK", 4);
+    std::string out("TNK\0", 4);
     for (std::size_t value :
          {static_cast<std::size_t>(picture.width), static_cast<std::size_t>(picture.height),
           static_cast<std::size_t>(form.depth), jpeg ? colour.size() : rawSize, std::size_t{0},

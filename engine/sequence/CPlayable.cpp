@@ -1,6 +1,7 @@
 #include "sequence/CPlayable.h"
 
 CPlayable & CPlayable::operator=(const CPlayable & other) {
+    if (this == &other) return *this;
     CFileResolver::operator=(other);
     status_ = other.status_;
     position_ = other.position_;
@@ -69,7 +70,7 @@ bool CPlayable::notify(int code) {
     bool answer = true;
     for (CPlayableObserver * observer : told) {
         // One that has left meanwhile may be gone.
-        if (observer != generic_ && !notifiers_.contains(observer)) continue;
+        if (!observer || (observer != generic_ && !notifiers_.contains(observer))) continue;
         switch (code) {
         case kStarted: answer = observer->onPlayableStarted(this); break;
         case kTick: answer = observer->onPlayableTick(this); break;
