@@ -1,6 +1,8 @@
 #include "InputScript.h"
 
 #include "app/CWindow.h"
+#include "platform/World.h"
+#include "platform/input/ScriptedMouse.h"
 
 #include <algorithm>
 #include <charconv>
@@ -91,7 +93,16 @@ bool InputScript::load(const std::string & file) {
 }
 
 bool InputScript::tell(const Event & event, CWindow & window) {
-    CXPoint point(event.a, event.b);
+    platform::ScriptedMouse & mouse = *platform::world().scriptedMouse;
+    constexpr platform::Mouse::Part kButtons[] = {platform::Mouse::kLeft, platform::Mouse::kMiddle,
+                                                  platform::Mouse::kRight};
+    CXPoint point;
+    if (event.kind <= Kind::doubleClick) {
+        mouse.place(event.a, event.b); // a game may hold the pointer in a rectangle
+        point = CXPoint(mouse.x(), mouse.y());
+    }
+    if (event.kind == Kind::down || event.kind == Kind::up)
+        mouse.set(kButtons[event.button], event.kind == Kind::down);
     switch (event.kind) {
     case Kind::move: window.OnMouseMove(point, 0); break;
     case Kind::down:
@@ -115,6 +126,8 @@ bool InputScript::tell(const Event & event, CWindow & window) {
 }
 
 bool InputScript::play(long tick, CWindow & window) {
+    platform::ScriptedMouse * mouse = platform::world().scriptedMouse;
+    if (mouse && mouse->takeMoved()) window.OnMouseMove(CXPoint(mouse->x(), mouse->y()), 0);
     while (next_ < events_.size() && events_[next_].tick <= tick)
         if (tell(events_[next_++], window)) return true;
     return false;

@@ -15,10 +15,12 @@ public:
     // Reads the file. Lines that are no events are left out, each told on standard error with its number and
     // the reason; false when the file can't be read.
     bool load(const std::string & file);
-    // Hands the events of a tick to the window; true when one of them closes the game.
+    // Hands the events of a tick to the window, behind the move of a pointer that the game set; true when one
+    // of them closes the game.
     bool play(long tick, CWindow & window);
 
 private:
+    // The pointer's first.
     enum class Kind { move, down, up, doubleClick, keyDown, keyUp, character, focus, close };
     struct Event {
         long tick = 0;

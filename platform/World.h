@@ -9,6 +9,7 @@
 #include "platform/dialogs/Dialogs.h"
 #include "platform/display/Display.h"
 #include "platform/files/FileSystem.h"
+#include "platform/input/Mouse.h"
 #include "platform/locale/Locale.h"
 #include "platform/modules/Modules.h"
 #include "platform/random/RandomSource.h"
@@ -19,6 +20,7 @@
 
 namespace platform {
 
+class ScriptedMouse;
 class VirtualClock;
 
 struct World {
@@ -31,7 +33,9 @@ struct World {
     std::unique_ptr<Modules> modules;
     std::unique_ptr<DebugChannel> debugger;
     std::unique_ptr<Display> display;
-    VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
+    std::unique_ptr<Mouse> mouse;
+    VirtualClock * virtualClock = nullptr;   // the clock of a headless world, which the host moves; else null
+    ScriptedMouse * scriptedMouse = nullptr; // the hand of a headless world's mouse; else null
 
     // The forms taken, one "what: form" a line, for the log.
     std::string describe() const;

@@ -8,6 +8,7 @@
 #include "platform/dialogs/TerminalDialogs.h"
 #include "platform/display/MemoryDisplay.h"
 #include "platform/files/MachineFileSystem.h"
+#include "platform/input/ScriptedMouse.h"
 #include "platform/locale/FixedLocale.h"
 #include "platform/locale/SystemLocale.h"
 #include "platform/modules/SystemModules.h"
@@ -29,6 +30,9 @@ std::unique_ptr<World> headless(const Options & options) {
     world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
+    auto mouse = std::make_unique<ScriptedMouse>();
+    world->scriptedMouse = mouse.get();
+    world->mouse = std::move(mouse);
     return world;
 }
 
@@ -46,6 +50,7 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
+    world->mouse = std::make_unique<ScriptedMouse>();
     return world;
 }
 
@@ -63,6 +68,7 @@ std::string World::describe() const {
     line("modules", modules->name());
     line("debugger", debugger->name());
     line("display", display->name());
+    line("mouse", mouse->name());
     return text;
 }
 

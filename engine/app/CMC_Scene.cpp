@@ -6,6 +6,7 @@
 #include "files/CFile.h"
 #include "files/CFolder.h"
 #include "files/CPath.h"
+#include "input/CMC_Mouse.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
 #include "script/CMC_Groupped.h"
@@ -171,6 +172,7 @@ void CMC_Scene::endScope() {
     for (CMC_ObjectsContainer * outer = getParent(); outer; outer = outer->getParent())
         outer->onSubSceneDone(this);
     saveStats();
+    CMC_Mouse::reset(true);
     flushBehList();
     // The scenes that the scope names stay there.
     std::vector<CMC_Object *> scenes;

@@ -8,6 +8,9 @@
 #include "files/CLanguageOSVer.h"
 #include "graphics/CRefreshScreen.h"
 #include "graphics/CSurface.h"
+#include "input/CDXMouse.h"
+#include "input/CHotSpot.h"
+#include "input/CMC_Mouse.h"
 #include "platform/World.h"
 #include "script/CMC_Object.h"
 
@@ -28,17 +31,6 @@ constexpr int kLogMode = 6; // write, with reading allowed
 // Ids of the window's timers; script objects count from 1.
 constexpr int kOwnTimer = 0, kTrashTimer = -1;
 
-// Events by which hot spots are asked.
-enum Event {
-    kMove = 1,
-    kLeftDown = 2,
-    kLeftUp = 4,
-    kRightDown = 8,
-    kRightUp = 0x10,
-    kMiddleDown = 0x20,
-    kMiddleUp = 0x40,
-    kLeftDouble = 0x41,
-};
 enum Button { kLeft = 0, kMiddle = 1, kRight = 2 };
 
 // The system's own texts, in Windows-1250.
@@ -86,6 +78,7 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
     soundOn_ = commandLine_->isSoundEnabled();
     vmem_ = commandLine_->isVMem();
     if (!noInput) {
+        dxMouse_ = std::make_unique<CDXMouse>(this);
         pollThread_ = std::make_unique<PollThread>([this] {
             std::lock_guard hold(pollLock_);
             for (int i = 0; i < pollers_.size; i++) static_cast<CInputPoller *>(pollers_.at(i))->tick();
@@ -97,6 +90,8 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
 
 CWindow::~CWindow() {
     pollThread_.reset();
+    dxMouse_.reset();
+    CHotSpot::done();
     CGraphicsObject::ReleaseGraphics();
     CSurface::releaseBppConversionTable();
     for (CXObject * entry : mouseListeners_) delete entry;
@@ -163,9 +158,12 @@ void CWindow::OnActivateApp(bool on) {
     if (active_ == on) return;
     active_ = on;
     if (on && canvas_) canvas_->onFocusOn();
+    if (on) CMC_Mouse::restore();
     if (pollThread_) pollThread_->suspend(!on);
     if (!on && canvas_) canvas_->onFocusOff();
-    if (!on) windowDragged_ = false;
+    if (on) return;
+    CMC_Mouse::reset(false);
+    windowDragged_ = false;
 }
 
 void CWindow::OnDestroy() { pollThread_.reset(); }
@@ -318,8 +316,11 @@ void CWindow::removeAllIPollers() {
 
 // ------------------------------------------------------------------------------------------------ input
 
-// Hot spots go before listeners; they come with the objects that have them.
-int CWindow::hotSpots(int, CXPoint) { return 0; }
+// Hot spots go before listeners.
+int CWindow::hotSpots(int event, CXPoint point) {
+    life::Guard guard;
+    return CHotSpot::OnMouseEvent(static_cast<CHotSpot::_event>(event), point, 0);
+}
 
 // From the highest priority down, to those that are still registered; a true answer ends the walk.
 template <class Tell>
@@ -339,14 +340,14 @@ bool CWindow::tellMouse(Tell && tell) {
 
 int CWindow::OnMouseMove(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kMove, point);
+    int result = hotSpots(CHotSpot::kMove, point);
     if (result == 0 && tellMouse([&](CMouseListener & l) { return l.onMouseMove(point); })) return 1;
     return result;
 }
 
 int CWindow::OnLButtonDown(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kLeftDown, point);
+    int result = hotSpots(CHotSpot::kLeftDown, point);
     if (result == 0)
         tellMouse([&](CMouseListener & l) { return l.onClick(point) || l.onClick(kLeft, point); });
     return result;
@@ -354,7 +355,7 @@ int CWindow::OnLButtonDown(CXPoint point, int flags) {
 
 int CWindow::OnLButtonUp(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kLeftUp, point);
+    int result = hotSpots(CHotSpot::kLeftUp, point);
     // Always, so that a drag ends even on a hot spot.
     tellMouse([&](CMouseListener & l) { return l.onRelease(point) || l.onRelease(kLeft, point); });
     return result;
@@ -362,35 +363,35 @@ int CWindow::OnLButtonUp(CXPoint point, int flags) {
 
 int CWindow::OnLButtonDblClk(CXPoint point, int) {
     if (!mouseEnabled_) return 0;
-    int result = hotSpots(kLeftDouble, point);
+    int result = hotSpots(CHotSpot::kLeftDouble, point);
     tellMouse([&](CMouseListener & l) { return l.onDblClick(point); });
     return result;
 }
 
 int CWindow::OnMButtonDown(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kMiddleDown, point);
+    int result = hotSpots(CHotSpot::kMiddleDown, point);
     tellMouse([&](CMouseListener & l) { return l.onClick(kMiddle, point); });
     return result;
 }
 
 int CWindow::OnMButtonUp(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kMiddleUp, point);
+    int result = hotSpots(CHotSpot::kMiddleUp, point);
     tellMouse([&](CMouseListener & l) { return l.onRelease(kMiddle, point); });
     return result;
 }
 
 int CWindow::OnRButtonDown(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kRightDown, point);
+    int result = hotSpots(CHotSpot::kRightDown, point);
     tellMouse([&](CMouseListener & l) { return l.onClick(kRight, point); });
     return result;
 }
 
 int CWindow::OnRButtonUp(CXPoint point, int flags) {
     if (!hears(flags)) return 0;
-    int result = hotSpots(kRightUp, point);
+    int result = hotSpots(CHotSpot::kRightUp, point);
     tellMouse([&](CMouseListener & l) { return l.onRelease(kRight, point); });
     return result;
 }

@@ -21,6 +21,7 @@ class CApplication;
 class CColor;
 class CCommandLine6;
 class CConfig;
+class CDXMouse;
 class CDirectDrawSurface;
 class CFile;
 class CGraphicsObject;
@@ -89,6 +90,7 @@ public:
     void removeIPoller(CInputPoller * poller);
     void removeAllIPollers();
     CXArray * getPollers() { return &pollers_; }
+    CDXMouse * getDXMouseInterface() { return dxMouse_.get(); } // null without devices
 
     void SetTimer(int id, unsigned period, CUnit6 * unit, bool onlyWhenActive);
     void KillTimer(int id) { timer_.remove(id); }
@@ -230,5 +232,6 @@ private:
     CXArray pollers_{101, 0.75F};       // CInputPoller
     CFifoQuene messages_;
     std::recursive_mutex pollLock_;          // guards the pollers' queues and the list of them
-    std::unique_ptr<PollThread> pollThread_; // null without devices
+    std::unique_ptr<CDXMouse> dxMouse_;      // null without devices
+    std::unique_ptr<PollThread> pollThread_; // the same
 };

@@ -6,6 +6,7 @@
 #include "app/CMC_Scene_Runner.h"
 #include "graphics/CMC_Animo_Runner.h"
 #include "graphics/CMC_Image_Runner.h"
+#include "input/CMC_Mouse_Runner.h"
 #include "script/CMC_Array_Runner.h"
 #include "script/CMC_BasicCondition_Runner.h"
 #include "script/CMC_Behaviour_Runner.h"
@@ -59,6 +60,7 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_System_Runner>({types::kSystem});
     add<CMC_Animo_Runner>({types::kAnimo});
     add<CMC_Image_Runner>({types::kImage});
+    add<CMC_Mouse_Runner>({types::kMouse});
     add<CMC_Application_Runner>({types::kApplication});
     add<CMC_Episode_Runner>({types::kEpisode});
     add<CMC_Scene_Runner>({types::kScene});

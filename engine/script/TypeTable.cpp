@@ -5,6 +5,7 @@
 #include "graphics/CImage.h"
 #include "graphics/CMC_Animo.h"
 #include "graphics/CMC_Image.h"
+#include "input/CMC_Mouse.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
 #include "script/CMC_Bool.h"
@@ -62,6 +63,8 @@ const TypeRow kRows[] = {
     {"IMAGE", types::kImage, 5, make<CMC_Image>, CMC_Image::kKeys, CMC_Image::kSignals, nullptr, pictureOf},
     {"ANIMO", types::kAnimo, 5, make<CMC_Animo>, CMC_Animo::kKeys, CMC_Animo::kSignals, nullptr, animationOf},
     row<CMC_Vector>("VECTOR", types::kVector, 5),
+    {"MOUSE", types::kMouse, 6, make<CMC_Mouse>, CMC_Mouse::kKeys, CMC_Mouse::kSignals,
+     CMC_Mouse::mergesWith},
     row<CMC_Timer>("TIMER", types::kTimer, 6),
     row<CMC_Groupped>("GROUP", types::kGroup, 6),
     row<CMC_Fifo>("FIFO", types::kFifo, 6),
