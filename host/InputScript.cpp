@@ -2,6 +2,7 @@
 
 #include "app/CWindow.h"
 #include "platform/World.h"
+#include "platform/input/ScriptedKeyboard.h"
 #include "platform/input/ScriptedMouse.h"
 
 #include <algorithm>
@@ -116,8 +117,10 @@ bool InputScript::tell(const Event & event, CWindow & window) {
                             : window.OnRButtonUp(point, 0);
         break;
     case Kind::doubleClick: window.OnLButtonDblClk(point, 0); break;
-    case Kind::keyDown: window.OnKeyDown(event.a, 0); break;
-    case Kind::keyUp: window.OnKeyUp(event.a, 0); break;
+    case Kind::keyDown: // keys that go down while another program has the focus are that one's
+        if (window.isActive()) platform::world().scriptedKeyboard->set(event.a, true);
+        break;
+    case Kind::keyUp: platform::world().scriptedKeyboard->set(event.a, false); break;
     case Kind::character: window.OnChar(event.a, 0); break;
     case Kind::focus: window.OnActivateApp(event.a != 0); break;
     case Kind::close: return window.OnExit();

@@ -9,6 +9,8 @@
 #include "platform/dialogs/Dialogs.h"
 #include "platform/display/Display.h"
 #include "platform/files/FileSystem.h"
+#include "platform/input/Joysticks.h"
+#include "platform/input/Keyboard.h"
 #include "platform/input/Mouse.h"
 #include "platform/locale/Locale.h"
 #include "platform/modules/Modules.h"
@@ -20,6 +22,8 @@
 
 namespace platform {
 
+class ScriptedJoysticks;
+class ScriptedKeyboard;
 class ScriptedMouse;
 class VirtualClock;
 
@@ -34,8 +38,13 @@ struct World {
     std::unique_ptr<DebugChannel> debugger;
     std::unique_ptr<Display> display;
     std::unique_ptr<Mouse> mouse;
-    VirtualClock * virtualClock = nullptr;   // the clock of a headless world, which the host moves; else null
-    ScriptedMouse * scriptedMouse = nullptr; // the hand of a headless world's mouse; else null
+    std::unique_ptr<Keyboard> keyboard;
+    std::unique_ptr<Joysticks> joysticks;
+    VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
+    // The hands at a headless world's devices; else null.
+    ScriptedMouse * scriptedMouse = nullptr;
+    ScriptedKeyboard * scriptedKeyboard = nullptr;
+    ScriptedJoysticks * scriptedJoysticks = nullptr;
 
     // The forms taken, one "what: form" a line, for the log.
     std::string describe() const;

@@ -8,6 +8,8 @@
 #include "platform/dialogs/TerminalDialogs.h"
 #include "platform/display/MemoryDisplay.h"
 #include "platform/files/MachineFileSystem.h"
+#include "platform/input/ScriptedJoysticks.h"
+#include "platform/input/ScriptedKeyboard.h"
 #include "platform/input/ScriptedMouse.h"
 #include "platform/locale/FixedLocale.h"
 #include "platform/locale/SystemLocale.h"
@@ -16,6 +18,17 @@
 #include "platform/timer/VirtualPeriodicTimers.h"
 
 namespace platform {
+
+namespace {
+
+template <class Device>
+std::unique_ptr<Device> scripted(Device *& hands) {
+    auto device = std::make_unique<Device>();
+    hands = device.get();
+    return device;
+}
+
+} // namespace
 
 std::unique_ptr<World> headless(const Options & options) {
     auto world = std::make_unique<World>();
@@ -30,9 +43,9 @@ std::unique_ptr<World> headless(const Options & options) {
     world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
-    auto mouse = std::make_unique<ScriptedMouse>();
-    world->scriptedMouse = mouse.get();
-    world->mouse = std::move(mouse);
+    world->mouse = scripted(world->scriptedMouse);
+    world->keyboard = scripted(world->scriptedKeyboard);
+    world->joysticks = scripted(world->scriptedJoysticks);
     return world;
 }
 
@@ -51,6 +64,8 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->debugger = std::make_unique<StderrDebugChannel>();
     world->display = std::make_unique<MemoryDisplay>(options.depth);
     world->mouse = std::make_unique<ScriptedMouse>();
+    world->keyboard = std::make_unique<ScriptedKeyboard>();
+    world->joysticks = std::make_unique<ScriptedJoysticks>();
     return world;
 }
 
@@ -69,6 +84,8 @@ std::string World::describe() const {
     line("debugger", debugger->name());
     line("display", display->name());
     line("mouse", mouse->name());
+    line("keyboard", keyboard->name());
+    line("joysticks", joysticks->name());
     return text;
 }
 

@@ -10,6 +10,7 @@
 #include "graphics/CSurface.h"
 #include "input/CDXMouse.h"
 #include "input/CHotSpot.h"
+#include "input/CKeyboard.h"
 #include "input/CMC_Mouse.h"
 #include "platform/World.h"
 #include "script/CMC_Object.h"
@@ -77,6 +78,7 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
     musicOn_ = commandLine_->isMusicEnabled();
     soundOn_ = commandLine_->isSoundEnabled();
     vmem_ = commandLine_->isVMem();
+    keyboard_ = std::make_unique<CKeyboard>(this);
     if (!noInput) {
         dxMouse_ = std::make_unique<CDXMouse>(this);
         pollThread_ = std::make_unique<PollThread>([this] {
@@ -90,6 +92,7 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
 
 CWindow::~CWindow() {
     pollThread_.reset();
+    keyboard_.reset();
     dxMouse_.reset();
     CHotSpot::done();
     CGraphicsObject::ReleaseGraphics();
@@ -416,6 +419,36 @@ void CWindow::OnKeyUp(int key, int) {
 
 void CWindow::OnChar(int code, int) {
     tellKeys([&](CKeyListener & l) { l.onChar(static_cast<unsigned char>(code)); });
+}
+
+void CWindow::onLanguageChanged() { keyboard_->initLanguage(); }
+
+int CWindow::__get_virtualkey_code(int code, int data) {
+    constexpr int kData16 = 0x1D0001, kData17 = 0x2A0001;
+    switch (code) {
+    case 13: return -50;
+    case 16: return data == kData16 ? -45 : -46;
+    case 17: return data == kData17 ? -48 : -49;
+    case 32: return -39;
+    case 33: return -52;
+    case 34: return -51;
+    case 35: return -53;
+    case 36: return -54;
+    case 37: return -43;
+    case 38: return -41;
+    case 39: return -42;
+    case 40: return -40;
+    case 45: return -56;
+    case 46: return -55;
+    default: return code;
+    }
+}
+
+char CWindow::tranlateToChar(int index) {
+    constexpr std::string_view kCharacters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789 ";
+    return index >= 0 && static_cast<std::size_t>(index) < kCharacters.size()
+               ? kCharacters[static_cast<std::size_t>(index)]
+               : '\0';
 }
 
 // ------------------------------------------------------------------------------------------------ errors

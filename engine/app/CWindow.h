@@ -25,6 +25,7 @@ class CDXMouse;
 class CDirectDrawSurface;
 class CFile;
 class CGraphicsObject;
+class CKeyboard;
 class CLanguageOSVer;
 class CMC_Object;
 class CRefreshScreen;
@@ -78,6 +79,11 @@ public:
     void OnKeyUp(int key, int flags);
     void OnChar(int code, int flags);
 
+    // The engine's number for a key that types no character, from the system's code and data of it; others
+    // come back as they are.
+    static int __get_virtualkey_code(int code, int data);
+    static char tranlateToChar(int index); // "A" to "Z", "0" to "9", a blank; 0 outside
+
     // ---- listeners; none is owned
     void registerKeyListener(CKeyListener * listener);
     void removeKeyListener(CKeyListener * listener);
@@ -89,6 +95,7 @@ public:
     void addIPoller(CInputPoller * poller);
     void removeIPoller(CInputPoller * poller);
     void removeAllIPollers();
+    CKeyboard * getKeyboard() { return keyboard_.get(); }
     CXArray * getPollers() { return &pollers_; }
     CDXMouse * getDXMouseInterface() { return dxMouse_.get(); } // null without devices
 
@@ -150,7 +157,7 @@ public:
     CApplication * getApplication() { return application_; }
     virtual CConfig * getConfig(); // the application's settings file; null without one
     // The language was changed: whatever keeps texts or tables of it takes them anew from here.
-    virtual void onLanguageChanged() {}
+    virtual void onLanguageChanged();
     bool isVMem() const { return vmem_; }
     bool isWindowMode() const { return windowMode_; }
     bool isActive() const { return active_; }
@@ -231,7 +238,8 @@ private:
     CXVector mcListeners_{101, 0.75F};  // CMC_Object
     CXArray pollers_{101, 0.75F};       // CInputPoller
     CFifoQuene messages_;
-    std::recursive_mutex pollLock_;          // guards the pollers' queues and the list of them
+    std::recursive_mutex pollLock_; // guards the pollers' queues and the list of them
+    std::unique_ptr<CKeyboard> keyboard_;
     std::unique_ptr<CDXMouse> dxMouse_;      // null without devices
     std::unique_ptr<PollThread> pollThread_; // the same
 };

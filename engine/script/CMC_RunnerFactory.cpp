@@ -6,6 +6,8 @@
 #include "app/CMC_Scene_Runner.h"
 #include "graphics/CMC_Animo_Runner.h"
 #include "graphics/CMC_Image_Runner.h"
+#include "input/CMC_Joystick_Runner.h"
+#include "input/CMC_Keyboard_Runner.h"
 #include "input/CMC_Mouse_Runner.h"
 #include "script/CMC_Array_Runner.h"
 #include "script/CMC_BasicCondition_Runner.h"
@@ -61,6 +63,8 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_Animo_Runner>({types::kAnimo});
     add<CMC_Image_Runner>({types::kImage});
     add<CMC_Mouse_Runner>({types::kMouse});
+    add<CMC_Keyboard_Runner>({types::kKeyboard});
+    add<CMC_Joystick_Runner>({types::kJoystick});
     add<CMC_Application_Runner>({types::kApplication});
     add<CMC_Episode_Runner>({types::kEpisode});
     add<CMC_Scene_Runner>({types::kScene});

@@ -5,6 +5,8 @@
 #include "graphics/CImage.h"
 #include "graphics/CMC_Animo.h"
 #include "graphics/CMC_Image.h"
+#include "input/CMC_Joystick.h"
+#include "input/CMC_Keyboard.h"
 #include "input/CMC_Mouse.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
@@ -65,6 +67,9 @@ const TypeRow kRows[] = {
     row<CMC_Vector>("VECTOR", types::kVector, 5),
     {"MOUSE", types::kMouse, 6, make<CMC_Mouse>, CMC_Mouse::kKeys, CMC_Mouse::kSignals,
      CMC_Mouse::mergesWith},
+    {"KEYBOARD", types::kKeyboard, 6, make<CMC_Keyboard>, CMC_Keyboard::kKeys, CMC_Keyboard::kSignals,
+     CMC_Keyboard::mergesWith},
+    row<CMC_Joystick>("JOYSTICK", types::kJoystick, 6),
     row<CMC_Timer>("TIMER", types::kTimer, 6),
     row<CMC_Groupped>("GROUP", types::kGroup, 6),
     row<CMC_Fifo>("FIFO", types::kFifo, 6),

@@ -3,6 +3,8 @@
 #include "graphics/CGraphicsObject.h"
 #include "support/InScope.h"
 
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {

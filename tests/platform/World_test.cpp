@@ -13,7 +13,8 @@ TEST_F(HeadlessWorld, IsComplete) {
     EXPECT_EQ(&platform::world(), &world());
     EXPECT_EQ(world().describe(), "clock: virtual\ntimers: virtual\nrandom: seed 1\nfiles: machine\n"
                                   "locale: fixed\ndialogs: lines on standard output\nmodules: "
-                                  "system\ndebugger: standard error\ndisplay: memory\nmouse: scripted\n");
+                                  "system\ndebugger: standard error\ndisplay: memory\nmouse: scripted\n"
+                                  "keyboard: scripted\njoysticks: scripted\n");
     EXPECT_EQ(world().files->currentDirectory(), windowsFolder());
     EXPECT_EQ(world().locale->languageCode(), "0409");
 
@@ -31,7 +32,8 @@ TEST(World, DesktopTakesTheMachine) {
     EXPECT_EQ(world->describe(),
               "clock: system\ntimers: thread\nrandom: seed " + std::to_string(world->random->hostSeed()) +
                   "\nfiles: machine\nlocale: system\ndialogs: terminal\nmodules: system\ndebugger: "
-                  "standard error\ndisplay: memory\nmouse: scripted\n");
+                  "standard error\ndisplay: memory\nmouse: scripted\n"
+                  "keyboard: scripted\njoysticks: scripted\n");
 }
 
 // A process runs one world after another; nothing of the first is left in the second.
