@@ -5,6 +5,7 @@
 // the window's lock held.
 
 #include "app/Listeners.h"
+#include "core/CXObject.h"
 #include "core/CXString.h"
 #include "platform/input/Keyboard.h"
 
