@@ -5,6 +5,7 @@
 #include "app/CWindow.h"
 #include "files/CResourcesManager.h"
 #include "graphics/CRefreshScreen.h"
+#include "input/CKeyboard.h"
 
 CUnit6::CUnit6(CWindow * window, const CXString & name)
     : window_(window), name_(name), resources_(std::make_unique<CResourcesManager>(window)) {
@@ -111,7 +112,12 @@ void CUnit6::prevEditBox() {
 }
 
 bool CUnit6::onKeyDown(int key) {
-    if (key == kTab) nextEditBox();
+    if (key != kTab) return false;
+    CKeyboard * keyboard = window_->getKeyboard();
+    if (keyboard->isKeyPressed("lshift") || keyboard->isKeyPressed("rshift"))
+        prevEditBox();
+    else
+        nextEditBox();
     return false;
 }
 

@@ -11,22 +11,32 @@ CWindow * CHotSpot::m_pWindow = nullptr;
 int CHotSpot::minPriority = CHotSpot::kLowest;
 int CHotSpot::maxPriority = CHotSpot::kHighest;
 
-// The hot spots of one moment, one by one; those that a handler removed on the way are left out.
+namespace {
+
+unsigned removals = 0; // hot spots that ever left the list
+
+} // namespace
+
+// The hot spots of one moment, one by one; those that a handler removed on the way are left out. As long as
+// none was, nobody is looked for.
 class CHotSpot::Walk {
 public:
     explicit Walk(CXVector * list) {
         if (list) copy_.assign(list->begin(), list->end());
+    }
+    bool isThere(CHotSpot * hotSpot) const {
+        return removals == removals_ || (pHSList && pHSList->contains(hotSpot));
     }
     CHotSpot * next() {
         while (i_ < copy_.size())
             if (auto * each = static_cast<CHotSpot *>(copy_[i_++]); isThere(each)) return each;
         return nullptr;
     }
-    static bool isThere(CHotSpot * hotSpot) { return pHSList && pHSList->contains(hotSpot); }
 
 private:
     std::vector<CXObject *> copy_;
     std::size_t i_ = 0;
+    unsigned removals_ = removals;
 };
 
 CHotSpot::CHotSpot(CWindow * window) {
@@ -58,6 +68,7 @@ void CHotSpot::initialize(CWindow * window) {
 }
 
 void CHotSpot::done() {
+    removals++;
     delete std::exchange(pHSList, nullptr);
     m_pWindow = nullptr;
     minPriority = kLowest;
@@ -69,6 +80,7 @@ void CHotSpot::add(CHotSpot * hotSpot) {
 }
 
 void CHotSpot::remove(CHotSpot * hotSpot) {
+    removals++;
     if (pHSList) pHSList->remove(hotSpot);
 }
 
@@ -140,7 +152,7 @@ int CHotSpot::OnMouseMove(CXVector * list, CXPoint point, int flags) {
     if (hit->cursorEnabled_) m_pWindow->BeginActiveCursor();
     bool entered = !std::exchange(hit->hovered_, true);
     int result = hit->OnMouseMove(point, flags, hit->owner_);
-    return entered && Walk::isThere(hit) ? hit->OnFocusOn(point, flags, hit->owner_) : result;
+    return entered && walk.isThere(hit) ? hit->OnFocusOn(point, flags, hit->owner_) : result;
 }
 
 int CHotSpot::OnLButtonDown(CXVector * list, CXPoint point, int flags) {

@@ -8,6 +8,7 @@
 #include "core/CXVector.h"
 #include "graphics/CInvalidateObserver.h"
 
+#include <limits>
 #include <vector>
 
 class CGraphicsObject;
@@ -17,7 +18,9 @@ class CWindow;
 
 class CHotSpot : public CXObject, public CInvalidateObserver {
 public:
-    static constexpr int kLowest = 0, kHighest = 10000000; // the bounds of a new game
+    // The bounds of a new game: none.
+    static constexpr int kLowest = std::numeric_limits<int>::min();
+    static constexpr int kHighest = std::numeric_limits<int>::max();
 
     // Events as bits.
     enum _event {

@@ -2,7 +2,9 @@
 
 #include "app/CApplication.h"
 #include "app/CUnit6.h"
+#include "input/CKeyboard.h"
 #include "platform/debug/RecordingDebugChannel.h"
+#include "platform/input/ScriptedKeyboard.h"
 #include "support/InScope.h"
 
 #include <atomic>
@@ -279,8 +281,12 @@ TEST_F(Window, UnitsHaveTimersToo) {
         unit.onKeyDown(CUnit6::kTab + 1);
         order += std::to_string(unit.getCurrentEditBoxIndex());
     }
-    for (int i = 0; i < 3; i++) {
-        unit.prevEditBox();
+    for (int shift : {42, 54, 42}) {
+        world().scriptedKeyboard->set(shift, true);
+        window().getKeyboard()->tick();
+        unit.onKeyDown(CUnit6::kTab);
+        world().scriptedKeyboard->set(shift, false);
+        window().getKeyboard()->tick();
         order += std::to_string(unit.getCurrentEditBoxIndex());
     }
     EXPECT_EQ(order, "0120210");
