@@ -23,9 +23,10 @@ function(tarnook_flags target)
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/engine)
 endfunction()
 
-# A third of the time a source of the library takes to compile goes into the standard library's headers. The
-# debug preset does without, so that a forgotten include is found there (and by clang-tidy).
-option(TARNOOK_PCH "the library's sources share a precompiled header of the standard library" OFF)
+# A third of the time a source of the library takes to compile goes into the standard library's headers, and
+# more than half of a program's into those of its options. The debug preset does without, so that a forgotten
+# include is found there (and by clang-tidy).
+option(TARNOOK_PCH "sources share precompiled headers" OFF)
 if(TARNOOK_PCH)
   file(TOUCH ${PROJECT_BINARY_DIR}/standard_headers.cpp)
   add_library(standard_headers OBJECT ${PROJECT_BINARY_DIR}/standard_headers.cpp)
@@ -59,5 +60,11 @@ function(tarnook_program name)
   add_executable(${name} ${sources})
   tarnook_flags(${name})
   target_link_libraries(${name} PRIVATE TarnookDLL ${ARGN})
+  if(CMAKE_BUILD_TYPE STREQUAL "Debug") # under the sanitizers, too: the reading of options takes long to optimize
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
+  if(TARNOOK_PCH)
+    target_precompile_headers(${name} PRIVATE <CLI/CLI.hpp>)
+  endif()
   add_dependencies(programs ${name})
 endfunction()
