@@ -36,7 +36,7 @@ public:
     virtual int OnKeyDown(int, int) { return 0; }
     virtual CXString getWAVPath(const CXString & name);
 
-    // Animations, sounds and collisions step here, in this order, between the timers and the input.
+    // Animations and sounds step here, in this order, between the timers and the collisions.
     virtual void stepMedia();
 
     CCommandLine6 * getCommandLine() { return commandLine_; }

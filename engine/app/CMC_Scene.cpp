@@ -6,6 +6,8 @@
 #include "files/CFile.h"
 #include "files/CFolder.h"
 #include "files/CPath.h"
+#include "graphics/CCollisionInspector.h"
+#include "graphics/CGraphicsObject.h"
 #include "input/CMC_Mouse.h"
 #include "script/CMC_Array.h"
 #include "script/CMC_Behaviour.h"
@@ -18,6 +20,7 @@
 #include "script/CMElementsLoader.h"
 #include "script/TypeTable.h"
 
+#include <algorithm>
 #include <utility>
 
 const char * const CMC_Scene::kKeys[10] = {"PATH",           "DLLS",   "DESCRIPTION", "CREATIONTIME",
@@ -54,6 +57,11 @@ void CMC_Scene::doneDefUnit() { defUnit.reset(); }
 bool CMC_Scene::isScene(const CMC_Object * object) {
     int type = object->getType();
     return type == types::kScene || type == types::kEpisode || type == types::kApplication;
+}
+
+CMC_Scene * CMC_Scene::around(CMC_ObjectsContainer * scope) {
+    while (scope && !isScene(scope)) scope = scope->getParent();
+    return static_cast<CMC_Scene *>(scope);
 }
 
 void CMC_Scene::forgetScenes() {
@@ -178,9 +186,30 @@ void CMC_Scene::endScope() {
     std::vector<CMC_Object *> scenes;
     for (int i = 0; i < getElementsNo(); i++)
         if (isScene(getObject(i))) scenes.push_back(getObject(i));
-    CMC_ObjectsContainer::unload();
+    CMC_ObjectsContainer::unload(); // its objects take themselves off the watch
     for (CMC_Object * each : scenes) addObject(each);
     onSceneDone(this); // its own bindings to itself
+}
+
+// -------------------------------------------------------------------------------------------- collisions
+
+void CMC_Scene::monitorCollisions(CGraphicsObject * object, bool alpha, CCollisionObserver * observer) {
+    if (!getWindow() || object->getMonitorCollisionsFlag()) return;
+    CCollisionInspector & inspector = getWindow()->getCollisionInspector();
+    inspector.addNotifier(observer);
+    inspector.addMonitoredObject(object, alpha);
+    object->setMonitorCollisions(true);
+    monitored_.emplace_back(object, observer);
+}
+
+void CMC_Scene::removeMonitorCollisions(CGraphicsObject * object, CCollisionObserver * observer) {
+    auto found = std::find(monitored_.begin(), monitored_.end(), std::pair(object, observer));
+    if (found == monitored_.end()) return;
+    monitored_.erase(found);
+    CCollisionInspector & inspector = getWindow()->getCollisionInspector();
+    inspector.removeNotifier(observer);
+    inspector.removeMonitoredObject(object);
+    object->setMonitorCollisions(false);
 }
 
 // ------------------------------------------------------------------------------------------------ moving

@@ -6,8 +6,11 @@
 #include "script/CMC_ObjectsContainer.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 class CCollisionObserver;
+class CGraphicsObject;
 class CMC_Application;
 class CMC_Array;
 class CUnit6;
@@ -54,6 +57,10 @@ public:
     virtual void resumeExcept(CMC_Array * names);
     virtual void getRunningTimers(CMC_Groupped * group);
     virtual void createObject(const CXString & type, const CXString & name);
+    // The window's inspector watches the object for the observer, until the scene is left. Nothing for one
+    // that is watched already. Both must be taken off before they go.
+    virtual void monitorCollisions(CGraphicsObject * object, bool alpha, CCollisionObserver * observer);
+    virtual void removeMonitorCollisions(CGraphicsObject * object, CCollisionObserver * observer);
     virtual const CXString & getPath() { return path_; }
     virtual bool isDeamon() { return deamon_; }
     virtual void onInit(); // init() on each object, in order of creation
@@ -70,6 +77,8 @@ public:
     static CUnit6 * getDefUnit() { return defUnit.get(); }
     static void doneDefUnit();
     static bool isScene(const CMC_Object * object);
+    // The scope itself, or the nearest one around it that is a scene; null without one.
+    static CMC_Scene * around(CMC_ObjectsContainer * scope);
 
 protected:
     void runInit(); // "__INIT__", when there is one
@@ -95,6 +104,7 @@ private:
 
     CXString dlls_, description_, creationTime_, lastModifyTime_, author_, coAuthors_;
     CXString background_, music_;
+    std::vector<std::pair<CGraphicsObject *, CCollisionObserver *>> monitored_; // not owned
     CXString draggedName_;
     CXString previousUnitName_; // the unit's before this scene took it
     bool startMusicFlag_ = false;

@@ -6,6 +6,7 @@
 #include "core/CXVersion.h"
 #include "files/CFile.h"
 #include "files/CLanguageOSVer.h"
+#include "graphics/CCollisionInspector.h"
 #include "graphics/CRefreshScreen.h"
 #include "graphics/CSurface.h"
 #include "input/CDXMouse.h"
@@ -66,7 +67,8 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
       language_(language),
       size_(size),
       mainCursor_(cursor),
-      windowMode_(commandLine->isWindowMode()) {
+      windowMode_(commandLine->isWindowMode()),
+      collisions_(std::make_unique<CCollisionInspector>()) {
     exePath = exe;
     rootPath = CFile::getCurrentDirectory();
     platform::world().random->seed(platform::world().clock->tickCount());
@@ -143,6 +145,7 @@ void CWindow::Tick() {
         for (int i = 0; i < pollers_.size; i++) static_cast<CInputPoller *>(pollers_.at(i))->tick();
     timer_.domodal();
     if (application_) application_->stepMedia();
+    collisions_->tick();
     std::unique_lock hold(pollLock_, std::defer_lock);
     if (pollThread_) hold.lock();
     CXArray pollers(std::max(pollers_.size * 2, 1), 0.75F);
@@ -154,6 +157,8 @@ void CWindow::Tick() {
     for (CXObject * each : listeners)
         if (mcListeners_.contains(each)) static_cast<CMC_Object *>(each)->flush();
 }
+
+void CWindow::onPositionChanged(CGraphicsObject * object) { collisions_->onPositionChanged(object); }
 
 void CWindow::OnCreate() { timer_.add(kOwnTimer, 1, this); }
 

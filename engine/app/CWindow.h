@@ -18,6 +18,7 @@
 #include <vector>
 
 class CApplication;
+class CCollisionInspector;
 class CColor;
 class CCommandLine6;
 class CConfig;
@@ -143,7 +144,8 @@ public:
     void SetBackground(CGraphicsObject * picture);
     void SetBackground(CColor * colour);
     void SetBackground(const CXString & file);
-    virtual void onPositionChanged(CGraphicsObject *) {} // of an object whose collisions are monitored
+    CCollisionInspector & getCollisionInspector() { return *collisions_; }
+    virtual void onPositionChanged(CGraphicsObject * object); // of one whose collisions are monitored
 
     // ---- what it holds
     HWND getHandle() const { return hwnd_; }
@@ -230,6 +232,7 @@ private:
     std::unique_ptr<CSurface> surface_;
     std::unique_ptr<CDirectDrawSurface> ddSurface_;
     std::unique_ptr<CRefreshScreen> canvas_;
+    std::unique_ptr<CCollisionInspector> collisions_; // never null
     CXTimer timer_;
     CPublicTrash publicTrash_;
     CXString soundFXPath_;

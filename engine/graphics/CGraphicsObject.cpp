@@ -2,9 +2,11 @@
 
 #include "graphics/CGraphicsObject.h"
 
+#include "app/CWindow.h"
 #include "core/CXArray.h"
 #include "files/CDataBuffer.h"
 #include "graphics/CCanvasIfc.h"
+#include "graphics/CCollisionInspector.h"
 #include "graphics/CValidationQuene.h"
 
 #include <algorithm>
@@ -102,6 +104,7 @@ void CGraphicsObject::takePlain(const CGraphicsObject & o) {
 CGraphicsObject * CGraphicsObject::clone() { return new CGraphicsObject(window_, *this); }
 
 CGraphicsObject::~CGraphicsObject() {
+    if (wasMonitored_ && window_) window_->getCollisionInspector().forget(this);
     if (canvas_) *canvas_ >> this;
     if (drawn_)
         for (int i = 0; i < drawn_->size; i++) drawn_->element(i)->object->removeInvalidateObserver(this);

@@ -42,7 +42,10 @@ public:
     virtual void pack(bool free); // undoes unpack; free: the expanded planes are deleted
     virtual void unpack();
     virtual int getGfxType() { return kGfxObject; }
-    virtual void setMonitorCollisions(bool on) { monitorCollisions_ = on; }
+    virtual void setMonitorCollisions(bool on) {
+        monitorCollisions_ = on;
+        wasMonitored_ |= on;
+    }
     virtual bool getMonitorCollisionsFlag() { return monitorCollisions_; }
     virtual void SetOpacity(unsigned char opacity) { opacity_ = opacity; }
     virtual void DeCompress(); // undoes the coding of a file, which leaves raw or run-length planes
@@ -299,6 +302,7 @@ protected:
     int packedSize_ = 0, packedAlphaSize_ = 0; // bytes
     bool expandedHere_ = false; // the expanded planes are this object's, whoever owns the coded
     bool monitorCollisions_ = false;
+    bool wasMonitored_ = false; // the window's inspector may know this object
     bool unpacked_ = false;
     CValidationQuene * drawn_ = nullptr; // owned; objects drawn onto this one, null without any
     bool visible_ = true;

@@ -50,15 +50,15 @@ int fpsOf(CMElement * element) {
 
 CMC_Animo::CMC_Animo(CMC_ObjectsContainer * scope, CMElement * element)
     : CMC_Object(scope, element, types::kAnimo),
+      CollisionSignals(this, kOnCollision),
       window_(scope ? scope->getWindow() : nullptr),
       animo_(std::make_shared<CAnimo6>(window_)),
       priority_(element->getPropertyIntValue("PRIORITY")) {
     bool preload = !element->isPropertyAvailable("PRELOAD") || element->getPropertyBoolValue("PRELOAD");
     load(element->getPropertyValue("FILENAME"), preload);
     animo_->toRelease(element->getPropertyBoolValue("FLUSHAFTERPLAYED"));
-    if (element->getPropertyBoolValue("MONITORCOLLISION") ||
-        element->getPropertyBoolValue("MONITORCOLLISIONALPHA"))
-        animo_->setMonitorCollisions(true);
+    bool byAlpha = element->getPropertyBoolValue("MONITORCOLLISIONALPHA");
+    if (byAlpha || element->getPropertyBoolValue("MONITORCOLLISION")) monitorCollisions(byAlpha);
     if (element->getPropertyBoolValue("TOCANVAS") && canvas()) canvas()->put(animo_.get(), priority_);
     animo_->setVisibility(element->getPropertyBoolValue("VISIBLE"));
     animo_->SetFPS(fpsOf(element));
@@ -70,6 +70,7 @@ CMC_Animo::CMC_Animo(CMC_ObjectsContainer * scope, CMElement * element)
 
 CMC_Animo::CMC_Animo(const CMC_Animo & source)
     : CMC_Object(CXString(), types::kAnimo),
+      CollisionSignals(this, kOnCollision),
       window_(source.window_),
       animo_(static_cast<CAnimo6 *>(source.animo_->clone())),
       lender_(std::make_shared<std::pair<std::shared_ptr<CAnimo6>, std::shared_ptr<void>>>(source.animo_,
@@ -80,6 +81,7 @@ CMC_Animo::CMC_Animo(const CMC_Animo & source)
     animo_->clearNotifiers();
     animo_->addNotifier(this);
     animo_->setVisibility(source.animo_->isVisible());
+    animo_->setMonitorCollisions(false);
 }
 
 CMC_Animo::~CMC_Animo() {
@@ -93,7 +95,10 @@ CRefreshScreen * CMC_Animo::canvas() const { return window_ ? window_->getCanvas
 
 bool CMC_Animo::isPlaying() { return animo_->isPlaying(); }
 
+CGraphicsObject * CMC_Animo::watched() { return animo_.get(); }
+
 void CMC_Animo::leave() {
+    removeMonitorCollisions();
     if (window_) window_->removeMouseListener(this);
     if (!canvas() || canvas()->getIndex(animo_.get()) < 0) return;
     animo_->Invalidate(); // its place is drawn anew
@@ -112,11 +117,15 @@ CMC_Object * CMC_Animo::clone() {
     if (screen && screen->getIndex(animo_.get()) >= 0)
         screen->put(made->animo_.get(), screen->GetPriority(animo_.get()));
     if (isButton_) made->setAsButton(true, keeps_);
+    if (animo_->getMonitorCollisionsFlag()) made->monitorCollisions(isWatchedByAlpha());
     return made;
 }
 
-// The new one takes the old one's place on the screen and its observer.
+// The new one takes the old one's place on the screen, its observer, and the watch for collisions.
 void CMC_Animo::replace(std::shared_ptr<CAnimo6> fresh) {
+    bool isWatched = animo_->getMonitorCollisionsFlag();
+    if (isWatched) removeMonitorCollisions();
+    fresh->setMonitorCollisions(false);
     animo_->removeNotifier(this);
     fresh->addNotifier(this);
     CRefreshScreen * screen = canvas();
@@ -127,6 +136,7 @@ void CMC_Animo::replace(std::shared_ptr<CAnimo6> fresh) {
         screen->put(fresh.get(), priority);
     }
     animo_ = std::move(fresh);
+    if (isWatched) monitorCollisions(isWatchedByAlpha());
 }
 
 CAnimo6 * CMC_Animo::getOwnAnimo() {
@@ -150,7 +160,6 @@ void CMC_Animo::load(const CXString & file, bool now) {
         CXPoint place = animo_->GetGlobalPosition(), anchor = animo_->getAnchor();
         fresh->setAnchor(anchor);
         fresh->SetPosition(place.x + anchor.x, place.y + anchor.y);
-        fresh->setMonitorCollisions(animo_->getMonitorCollisionsFlag());
         fresh->toRelease(animo_->isToRelease());
         fresh->SetFPS(animo_->GetFPS());
         animo_->stop(false);

@@ -4,6 +4,7 @@
 // CAnimo6, which LOAD may replace. Owned by its scope. Main thread.
 
 #include "app/Listeners.h"
+#include "graphics/CollisionSignals.h"
 #include "script/CMC_Object.h"
 #include "sequence/CPlayableObserver.h"
 
@@ -13,7 +14,10 @@ class CAnimo6;
 class CRefreshScreen;
 class CWindow;
 
-class CMC_Animo : public CMC_Object, public CMouseListener, public CPlayableObserver {
+class CMC_Animo : public CMC_Object,
+                  public CMouseListener,
+                  public CPlayableObserver,
+                  public CollisionSignals {
 public:
     static const char * const kSignals[15];
     static const char * const kKeys[11];
@@ -65,6 +69,7 @@ public:
 
 private:
     CMC_Animo(const CMC_Animo & source);
+    CGraphicsObject * watched() override;
     CRefreshScreen * canvas() const;
     void replace(std::shared_ptr<CAnimo6> fresh);
     void raise(int signal);

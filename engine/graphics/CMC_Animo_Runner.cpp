@@ -134,12 +134,12 @@ CMC_Variable * getEventName(Call & call) {
 CMC_Variable * getEventNumber(Call & call) { return result(animo(call).GetEventNo(call.text(0))); }
 
 CMC_Variable * monitorCollision(Call & call) {
-    animo(call).setMonitorCollisions(true);
+    call.self<CMC_Animo>()->monitorCollisions(call.boolean(0));
     return nullptr;
 }
 
 CMC_Variable * removeMonitorCollision(Call & call) {
-    animo(call).setMonitorCollisions(false);
+    call.self<CMC_Animo>()->removeMonitorCollisions();
     return nullptr;
 }
 

@@ -22,15 +22,15 @@ const char * const CMC_Image::kKeys[9] = {"FILENAME",
 
 CMC_Image::CMC_Image(CMC_ObjectsContainer * scope, CMElement * element)
     : CMC_Object(scope, element, types::kImage),
+      CollisionSignals(this, kOnCollision),
       window_(scope ? scope->getWindow() : nullptr),
       image_(std::make_unique<CImage>(window_)),
-      priority_(element->getPropertyIntValue("PRIORITY")),
-      monitorCollision_(element->getPropertyBoolValue("MONITORCOLLISION")),
-      monitorCollisionAlpha_(element->getPropertyBoolValue("MONITORCOLLISIONALPHA")) {
+      priority_(element->getPropertyIntValue("PRIORITY")) {
     bool preload = !element->isPropertyAvailable("PRELOAD") || element->getPropertyBoolValue("PRELOAD");
     load(element->getPropertyValue("FILENAME"), preload);
     image_->toRelease(element->getPropertyBoolValue("FLUSHAFTERPLAYED"));
-    if (monitorCollision_ || monitorCollisionAlpha_) image_->setMonitorCollisions(true);
+    bool byAlpha = element->getPropertyBoolValue("MONITORCOLLISIONALPHA");
+    if (byAlpha || element->getPropertyBoolValue("MONITORCOLLISION")) monitorCollisions(byAlpha);
     if (element->getPropertyBoolValue("TOCANVAS") && canvas()) canvas()->put(image_.get(), priority_);
     image_->setVisibility(element->getPropertyBoolValue("VISIBLE"));
     if (element->getPropertyBoolValue("ASBUTTON")) setAsButton(true, false);
@@ -39,11 +39,10 @@ CMC_Image::CMC_Image(CMC_ObjectsContainer * scope, CMElement * element)
 
 CMC_Image::CMC_Image(CMC_ObjectsContainer * scope, std::unique_ptr<CImage> image, const CMC_Image & source)
     : CMC_Object(CXString(), types::kImage),
+      CollisionSignals(this, kOnCollision),
       window_(source.window_),
       image_(std::move(image)),
       priority_(source.priority_),
-      monitorCollision_(source.monitorCollision_),
-      monitorCollisionAlpha_(source.monitorCollisionAlpha_),
       resetPosition_(source.resetPosition_) {
     scene_ = scope;
 }
@@ -54,7 +53,10 @@ CMC_Runner * CMC_Image::getRunner() { return CMC_RunnerFactory::getRunner(types:
 
 CRefreshScreen * CMC_Image::canvas() const { return window_ ? window_->getCanvas() : nullptr; }
 
+CGraphicsObject * CMC_Image::watched() { return image_.get(); }
+
 void CMC_Image::leave() {
+    removeMonitorCollisions();
     if (window_) window_->removeMouseListener(this);
     if (!canvas() || canvas()->getIndex(image_.get()) < 0) return;
     image_->Invalidate(); // its place is drawn anew
@@ -76,11 +78,13 @@ CMC_Object * CMC_Image::clone() {
     copy->SetOpacity(image_->GetOpacity());
     copy->toRelease(image_->isToRelease());
     copy->setVisibility(image_->isVisible());
+    copy->setMonitorCollisions(false);
     auto * made = new CMC_Image(scene_, std::move(copy), *this);
     CRefreshScreen * screen = canvas();
     if (screen && screen->getIndex(image_.get()) >= 0)
         screen->put(made->image_.get(), screen->GetPriority(image_.get()));
     if (isButton_) made->setAsButton(true, keeps_);
+    if (image_->getMonitorCollisionsFlag()) made->monitorCollisions(isWatchedByAlpha());
     return made;
 }
 
@@ -89,12 +93,11 @@ void CMC_Image::load(const CXString & file, bool now) {
     auto fresh = std::make_unique<CImage>(window_);
     fresh->setFilename(file);
     if (now) fresh->Load(file, true);
-    bool isFirst = !image_->getFileName().IsString();
+    bool isFirst = !image_->getFileName().IsString(), isWatched = image_->getMonitorCollisionsFlag();
     if (!isFirst) {
         fresh->setAnchor(image_->getAnchor());
         CXPoint place = image_->GetPosition(), anchor = image_->getAnchor();
         fresh->SetPosition(place.x + anchor.x, place.y + anchor.y);
-        fresh->setMonitorCollisions(image_->getMonitorCollisionsFlag());
         fresh->toRelease(image_->isToRelease());
     }
     bool isVisible = image_->isVisible();
@@ -105,7 +108,9 @@ void CMC_Image::load(const CXString & file, bool now) {
         *screen >> image_.get();
         screen->put(fresh.get(), priority);
     }
+    if (isWatched) removeMonitorCollisions();
     image_ = std::move(fresh);
+    if (isWatched) monitorCollisions(isWatchedByAlpha());
     if (!isFirst) image_->setVisibility(isVisible);
 }
 
@@ -114,8 +119,9 @@ void CMC_Image::link(CMC_Image & other) {
     CImage & source = *other.image_;
     image_->Invalidate();
     CXRect clip = image_->GetClippingRect();
-    bool isVisible = image_->isVisible();
+    bool isVisible = image_->isVisible(), isWatched = image_->getMonitorCollisionsFlag();
     image_->Copy(&source);
+    image_->setMonitorCollisions(isWatched);
     image_->SetClippingRect(clip);
     image_->Visible(isVisible);
     image_->Invalidate();

@@ -4,6 +4,7 @@
 // which LOAD may replace. Owned by its scope. Main thread.
 
 #include "app/Listeners.h"
+#include "graphics/CollisionSignals.h"
 #include "script/CMC_Object.h"
 
 #include <memory>
@@ -12,7 +13,7 @@ class CImage;
 class CRefreshScreen;
 class CWindow;
 
-class CMC_Image : public CMC_Object, public CMouseListener {
+class CMC_Image : public CMC_Object, public CMouseListener, public CollisionSignals {
 public:
     static const char * const kSignals[9];
     static const char * const kKeys[9];
@@ -42,6 +43,7 @@ public:
 private:
     CMC_Image(CMC_ObjectsContainer * scope, std::unique_ptr<CImage> image, const CMC_Image & source);
     CRefreshScreen * canvas() const;
+    CGraphicsObject * watched() override;
     void raise(int signal);
     void leave();
 
@@ -50,6 +52,5 @@ private:
     int priority_ = 0;
     bool isButton_ = false, keeps_ = false;
     bool mouseInside_ = false, pressed_ = false;
-    bool monitorCollision_ = false, monitorCollisionAlpha_ = false;
     CXPoint resetPosition_;
 };

@@ -29,12 +29,12 @@ CMC_Variable * load(Call & call) {
 }
 
 CMC_Variable * monitorCollision(Call & call) {
-    image(call).setMonitorCollisions(true);
+    call.self<CMC_Image>()->monitorCollisions(call.boolean(0));
     return nullptr;
 }
 
 CMC_Variable * removeMonitorCollision(Call & call) {
-    image(call).setMonitorCollisions(false);
+    call.self<CMC_Image>()->removeMonitorCollisions();
     return nullptr;
 }
 
