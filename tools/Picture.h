@@ -39,6 +39,9 @@ bool isImg(const std::string & name); // by its end
 Picture decode(const std::string & name, std::string_view bytes, Format format); // PSD: the layers flattened
 std::vector<Layer> decodeLayers(const std::string & name, std::string_view bytes);
 
+// Spreads what 15 or 16 bits a pixel can't tell over neighbours, so that soft shades don't end in bands.
+void dither(Picture & picture, int depth);
+
 std::string encodePng(const Picture & picture);
 std::string encodeJpeg(const Picture & picture, int quality); // alpha is left away
 std::string encodeImg(const Picture & picture, const ImgForm & form);

@@ -18,7 +18,7 @@ struct Arguments {
     std::string compression = "lzo";
     ImgForm form;
     std::vector<int> at;
-    bool layers = false;
+    bool layers = false, dithered = false;
 };
 
 void store(const std::string & name, Picture & picture, Format format, const Arguments & arguments) {
@@ -26,6 +26,7 @@ void store(const std::string & name, Picture & picture, Format format, const Arg
         picture.x = arguments.at[0];
         picture.y = arguments.at[1];
     }
+    if (arguments.dithered) dither(picture, arguments.form.depth);
     switch (format) {
     case Format::img: return write(name, encodeImg(picture, arguments.form));
     case Format::png: return write(name, encodePng(picture));
@@ -74,6 +75,7 @@ void addImage(CLI::App & program) {
     command->add_option("TO", arguments->to, "new file: .img, .png or .jpg")->required();
     command->add_option("--depth", arguments->form.depth, "bits of an .img file's pixels: 15 or 16 (default)")
         ->check(CLI::IsMember({15, 16}));
+    command->add_flag("--dither", arguments->dithered, "soft shades don't end in bands at that depth");
     command->add_option("--compression", arguments->compression, "of an .img file (default: lzo)")
         ->check(CLI::IsMember(kCompressions));
     command->add_option("--quality", arguments->form.quality, "of JPEG, 1 to 100 (default: 90)")

@@ -46,6 +46,24 @@ TEST_F(PictureTool, ThereAndBack) {
     EXPECT_EQ(get("e.img").size(), 48u);
 }
 
+// A shade between two that 16 bits can tell: both are there, in the measure that gives the shade from afar.
+TEST_F(PictureTool, Dithered) {
+    std::string grey = "P5 16 16 255\n" + std::string(256, '\x64');
+    put("grey.pgm", grey);
+    ASSERT_EQ(std::system(("cd '" + folder() + "' && convert grey.pgm grey.png").c_str()), 0);
+    good("image grey.png soft.img --compression raw --dither");
+    std::string soft = get("soft.img").substr(40);
+    ASSERT_EQ(soft.size(), 512u);
+    int sum = 0, kinds[32] = {};
+    for (std::size_t i = 0; i < soft.size(); i += 2) {
+        int blue = soft[i] & 31;
+        sum += blue;
+        kinds[blue]++;
+    }
+    EXPECT_EQ(kinds[12] + kinds[13], 256);
+    EXPECT_NEAR(sum / 256.0, 100 * 31 / 255.0, 0.02);
+}
+
 TEST_F(PictureTool, Jpeg) {
     put("white.img", img(0, 0, std::string(8, '\xFF'), ""));
     good("image white.img w.jpg --quality 100");
