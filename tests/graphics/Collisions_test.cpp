@@ -90,7 +90,7 @@ TEST_F(Collisions, TheMovedObjectDecidesOnAlpha) {
     clear.SetPosition(200, 0);
     clear.GetChannelAlpha()[3 * 10 + 3] = 1;
     solid.SetPosition(200, 0);
-    EXPECT_EQ(pass(), "+cs -sc -sp"); // in the order of moving
+    EXPECT_EQ(pass(), "+cs -sc -sp");    // in the order of moving
     clear.GetChannelAlpha()[5 * 10] = 1; // the middle of the left edge
     solid.Move(0, 0);
     EXPECT_EQ(pass(), "+sc");
