@@ -15,6 +15,7 @@ CUnit6::CUnit6(CWindow * window, const CXString & name)
 }
 
 CUnit6::~CUnit6() {
+    dragged(nullptr);
     if (!scene_ || !window_) return;
     window_->removeKeyListener(this);
     window_->removeMouseListener(this);
@@ -42,6 +43,7 @@ void CUnit6::setBackground() {
 
 void CUnit6::done(CMC_Scene *, CUnit6 *) {
     dragging_ = false;
+    dragged(nullptr);
     if (CRefreshScreen * canvas = getCanvas()) {
         canvas->flush();
         canvas->SetBackground(static_cast<CGraphicsObject *>(nullptr));
@@ -69,10 +71,25 @@ void CUnit6::stopMusic() {
     window_->StopMusic();
 }
 
+void CUnit6::dragged(CGraphicsObject * object) {
+    if (dragObject_) dragObject_->removeInvalidateObserver(this);
+    dragObject_ = object;
+    if (dragObject_) dragObject_->addInvalidateObserver(this);
+}
+
+void CUnit6::onDestroy(CGraphicsObject * object) {
+    if (dragObject_ == object) dragObject_ = nullptr;
+}
+
+void CUnit6::onReplaced(CGraphicsObject * object, CGraphicsObject * fresh) {
+    if (dragObject_ == object) dragged(fresh);
+}
+
 // The object passes over everything while it is dragged.
 void CUnit6::onStartDragging(CGraphicsObject * object, CXPoint point, void *) {
+    if (dragging_) onEndDragging(point); // one at a time
     dragging_ = true;
-    dragObject_ = object;
+    dragged(object);
     dragStart_ = point;
     CRefreshScreen * canvas = getCanvas();
     if (!canvas || !object) return;
@@ -81,15 +98,16 @@ void CUnit6::onStartDragging(CGraphicsObject * object, CXPoint point, void *) {
 }
 
 void CUnit6::onDragging(CXPoint point) {
-    if (dragObject_) dragObject_->Move(point.x - dragStart_.x, point.y - dragStart_.y);
+    CXPoint d = point - dragStart_;
     dragStart_ = point;
+    if (dragObject_ && d != CXPoint()) dragObject_->Move(d);
 }
 
 void CUnit6::onEndDragging(CXPoint) {
     CRefreshScreen * canvas = getCanvas();
     if (canvas && dragObject_) canvas->SetPriority(dragObject_, dragPriority_);
     dragging_ = false;
-    dragObject_ = nullptr;
+    dragged(nullptr);
 }
 
 void CUnit6::bringBackDraggingObjectPosition(CXPoint point) {

@@ -6,6 +6,8 @@
 #include "app/Listeners.h"
 #include "core/CXArray.h"
 #include "core/CXVector.h"
+#include "graphics/CInvalidateObserver.h"
+#include "input/CControlNotifier.h"
 
 #include <memory>
 
@@ -16,7 +18,11 @@ class CRefreshScreen;
 class CResourcesManager;
 class CWindow;
 
-class CUnit6 : public CXObject, public CKeyListener, public CMouseListener {
+class CUnit6 : public CXObject,
+               public CControlNotifier,
+               public CKeyListener,
+               public CMouseListener,
+               public CInvalidateObserver {
 public:
     static constexpr int kMousePriority = 100000; // above ordinary listeners
     static constexpr int kTab = 15;               // key code
@@ -41,9 +47,15 @@ public:
     virtual const CXString & getMusicFileName() { return musicPlaying_; }
     virtual const CXString & getBackgroundFileName() { return backgroundFile_; }
     virtual void setBackground(); // the canvas takes the picture, or black without one
+    using CControlNotifier::onDragging;
+    using CControlNotifier::onEndDragging;
+    using CControlNotifier::onStartDragging;
+    // A drag: object may be null, then it is only known that there is one. point: where it was caught. data:
+    // who began it. An object that ends is forgotten, the drag goes on.
     virtual void onStartDragging(CGraphicsObject * object, CXPoint point, void * data);
     virtual void onDragging(CXPoint point);
     virtual void onEndDragging(CXPoint point);
+    virtual void setCursor(CGraphicsObject *) {} // a derived unit may show it at the pointer
     void bringBackDraggingObjectPosition(CXPoint point);
     virtual CResourcesManager * getResourcesManager() { return resources_.get(); }
     // A derived unit may filter a scene's elements.
@@ -58,6 +70,10 @@ public:
     // A timer of the window that was set for this unit fell due.
     virtual void onTimer(int) {}
 
+    void onInvalidate(CGraphicsObject *, CXRect *) override {}
+    void onDestroy(CGraphicsObject * object) override;
+    void onReplaced(CGraphicsObject * object, CGraphicsObject * fresh) override;
+
     bool onKeyDown(int key) override;
     bool onMouseMove(CXPoint point) override;
     bool onClick(CXPoint point) override;
@@ -68,6 +84,7 @@ public:
     void setBackgroundFileName(const CXString & name) { backgroundFile_ = name; }
     CMC_Scene * getScene() const { return scene_; } // the running one, null between scenes
     void setActivity(bool active) { active_ = active; }
+    bool isDragging() const { return dragging_; }
     bool getDraggingMode() const { return draggingMode_; }
     void setDraggingMode(bool on) { draggingMode_ = on; } // click to drop, else release to drop
     void setRetCode(int code) { retCode_ = code; }
@@ -76,6 +93,8 @@ public:
     CXArray * getRetPath() { return &retPath_; }
 
 private:
+    void dragged(CGraphicsObject * object);
+
     CWindow * window_;
     CXString name_;
     CMC_Scene * scene_ = nullptr;

@@ -101,6 +101,7 @@ public:
     virtual void addInvalidateObserver(CInvalidateObserver * observer);
     virtual void removeInvalidateObserver(CInvalidateObserver * observer);
     virtual void notifyInvalidate(CXRect * rect);
+    void handOver(CGraphicsObject * fresh); // observers may go over to the object that takes this one's place
     virtual CGraphicsObject * getDrawn() { return this; } // the object that this one stands for
 
     void onInvalidate(CGraphicsObject * object, CXRect * rect) override;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <vector>
 
 void CGraphicsObject::Redraw() {
     if (backup_ && isRaw16()) {
@@ -106,6 +107,12 @@ void CGraphicsObject::notifyInvalidate(CXRect * rect) {
     if (!observers_) return;
     for (int i = 0; i < observers_->size; i++)
         static_cast<CInvalidateObserver *>(observers_->at(i))->onInvalidate(this, rect);
+}
+
+void CGraphicsObject::handOver(CGraphicsObject * fresh) {
+    if (!observers_) return;
+    for (void * each : std::vector<void *>(observers_->begin(), observers_->end()))
+        if (observers_->contains(each)) static_cast<CInvalidateObserver *>(each)->onReplaced(this, fresh);
 }
 
 void CGraphicsObject::onInvalidate(CGraphicsObject *, CXRect * rect) { Invalidate(rect); }

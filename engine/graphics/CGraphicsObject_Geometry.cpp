@@ -78,8 +78,17 @@ bool CGraphicsObject::isNear(CGraphicsObject * other, int percent) {
     return isNear(other->GetBoundingBox(), percent);
 }
 
+namespace {
+
+// Of an object's pixels, unlike of a plain rectangle, the right and the bottom edge are not part.
+bool covers(const CXRect & box, CXPoint p) {
+    return p.x >= box.left && p.x < box.right && p.y >= box.top && p.y < box.bottom;
+}
+
+} // namespace
+
 bool CGraphicsObject::testHit(CXPoint p, bool ignoreAlpha) {
-    if (!GetBoundingBox().IsInRect(p)) return false;
+    if (!covers(GetBoundingBox(), p)) return false;
     if (ignoreAlpha || !channels_[3]) return true;
     return GetPixel(kChannelAlpha, ClientCoords(p)) != 0;
 }
@@ -88,7 +97,7 @@ bool CGraphicsObject::isAt(CXPoint p, bool useAlpha) { return testHit(p, !useAlp
 
 bool CGraphicsObject::isInside(int x, int y, bool useAlpha) {
     CXRect box = GetBoundingBox();
-    if (!box.IsInRect(x, y)) return false;
+    if (!covers(box, {x, y})) return false;
     if (!useAlpha || !channels_[3]) return true;
     return GetPixel(kChannelAlpha, {x - box.left, y - box.top}) != 0;
 }

@@ -135,6 +135,7 @@ void CMC_Animo::replace(std::shared_ptr<CAnimo6> fresh) {
         *screen >> animo_.get();
         screen->put(fresh.get(), priority);
     }
+    animo_->handOver(fresh.get());
     animo_ = std::move(fresh);
     if (isWatched) monitorCollisions(isWatchedByAlpha());
 }

@@ -109,6 +109,7 @@ void CMC_Image::load(const CXString & file, bool now) {
         screen->put(fresh.get(), priority);
     }
     if (isWatched) removeMonitorCollisions();
+    image_->handOver(fresh.get());
     image_ = std::move(fresh);
     if (isWatched) monitorCollisions(isWatchedByAlpha());
     if (!isFirst) image_->setVisibility(isVisible);

@@ -10,6 +10,7 @@ CXVector * CHotSpot::pHSList = nullptr;
 CWindow * CHotSpot::m_pWindow = nullptr;
 int CHotSpot::minPriority = CHotSpot::kLowest;
 int CHotSpot::maxPriority = CHotSpot::kHighest;
+CXPoint CHotSpot::pointer;
 
 namespace {
 
@@ -62,9 +63,9 @@ CHotSpot::~CHotSpot() {
 }
 
 void CHotSpot::initialize(CWindow * window) {
+    if (!m_pWindow) m_pWindow = window;
     if (pHSList) return;
     pHSList = new CXVector(101, 0.75F);
-    m_pWindow = window;
 }
 
 void CHotSpot::done() {
@@ -94,6 +95,13 @@ void CHotSpot::Set(CGraphicsObject * graphics, bool pixelTest) {
 
 void CHotSpot::onDestroy(CGraphicsObject * object) {
     if (graphics_ == object) graphics_ = nullptr;
+}
+
+void CHotSpot::onReplaced(CGraphicsObject * object, CGraphicsObject * fresh) {
+    if (graphics_ != object) return;
+    object->removeInvalidateObserver(this);
+    graphics_ = fresh;
+    fresh->addInvalidateObserver(this);
 }
 
 void CHotSpot::SetActiveRect(CXRect rect, _event, int priority) {
@@ -128,6 +136,7 @@ CHotSpot * CHotSpot::findAt(CXVector * list, CXPoint point) {
 }
 
 int CHotSpot::OnMouseEvent(_event event, CXPoint point, int flags) {
+    pointer = point;
     switch (event) {
     case kMove: return OnMouseMove(pHSList, point, flags);
     case kLeftDown: return OnLButtonDown(pHSList, point, flags);

@@ -73,6 +73,7 @@ public:
     void Enable(bool on);
     void EnableCursor(bool on) { cursorEnabled_ = on; } // it changes the cursor
     bool isHovered() const { return hovered_; }
+    bool isUnderPointer() { return hovered_ && TestHit(pointer); } // by the last event
     void setOwner(void * owner) { owner_ = owner; }
     void setUnit(CUnit6 * unit) { unit_ = unit; }
     CUnit6 * getUnit() const { return unit_; }
@@ -81,6 +82,7 @@ public:
 
     void onInvalidate(CGraphicsObject *, CXRect *) override {}
     void onDestroy(CGraphicsObject * object) override;
+    void onReplaced(CGraphicsObject * object, CGraphicsObject * fresh) override;
 
     // ---- all of them
     static void initialize(CWindow * window); // once
@@ -108,6 +110,7 @@ private:
     static CXVector * pHSList; // owned; null before the first
     static CWindow * m_pWindow;
     static int minPriority, maxPriority;
+    static CXPoint pointer; // of the last event
 
     int id_ = 0;
     void * owner_ = nullptr;

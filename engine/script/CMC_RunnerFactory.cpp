@@ -6,6 +6,7 @@
 #include "app/CMC_Scene_Runner.h"
 #include "graphics/CMC_Animo_Runner.h"
 #include "graphics/CMC_Image_Runner.h"
+#include "input/CMC_Button_Runner.h"
 #include "input/CMC_Joystick_Runner.h"
 #include "input/CMC_Keyboard_Runner.h"
 #include "input/CMC_Mouse_Runner.h"
@@ -65,6 +66,7 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_Mouse_Runner>({types::kMouse});
     add<CMC_Keyboard_Runner>({types::kKeyboard});
     add<CMC_Joystick_Runner>({types::kJoystick});
+    add<CMC_Button_Runner>({types::kButton});
     add<CMC_Application_Runner>({types::kApplication});
     add<CMC_Episode_Runner>({types::kEpisode});
     add<CMC_Scene_Runner>({types::kScene});

@@ -5,6 +5,7 @@
 #include "graphics/CImage.h"
 #include "graphics/CMC_Animo.h"
 #include "graphics/CMC_Image.h"
+#include "input/CMC_Button.h"
 #include "input/CMC_Joystick.h"
 #include "input/CMC_Keyboard.h"
 #include "input/CMC_Mouse.h"
@@ -33,6 +34,11 @@ namespace {
 template <class Type>
 CMC_Object * make(CMC_ObjectsContainer * scope, CMElement * element) {
     return new Type(scope, element);
+}
+
+template <class Type>
+CMC_Object * create(CMC_ObjectsContainer * scope, const CXString & name) {
+    return new Type(scope, name);
 }
 
 template <class Type>
@@ -71,6 +77,8 @@ const TypeRow kRows[] = {
      CMC_Keyboard::mergesWith},
     row<CMC_Joystick>("JOYSTICK", types::kJoystick, 6),
     row<CMC_Timer>("TIMER", types::kTimer, 6),
+    {"BUTTON", types::kButton, 6, make<CMC_Button>, CMC_Button::kKeys, CMC_Button::kSignals, nullptr, nullptr,
+     nullptr, create<CMC_Button>},
     row<CMC_Groupped>("GROUP", types::kGroup, 6),
     row<CMC_Fifo>("FIFO", types::kFifo, 6),
     row<CMC_Lifo>("LIFO", types::kLifo, 6),

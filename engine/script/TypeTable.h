@@ -9,6 +9,7 @@
 #include <string_view>
 
 class CGraphicsObject;
+class CPlayable;
 struct MethodRow;
 
 struct TypeRow {
@@ -22,6 +23,8 @@ struct TypeRow {
     CMC_Object * (*mergesWith)(CMC_ObjectsContainer * scope, CMElement * element) = nullptr;
     // What the object shows; frame is the text behind "!" or empty.
     CGraphicsObject * (*graphics)(CMC_Object * object, const CXString & frame) = nullptr;
+    // What of the object other objects play as a sound.
+    CPlayable * (*sound)(CMC_Object * object) = nullptr;
     // An empty object of that name, for scripts that ask for one.
     CMC_Object * (*create)(CMC_ObjectsContainer * scope, const CXString & name) = nullptr;
 };

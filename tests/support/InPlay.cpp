@@ -47,6 +47,7 @@ bool InPlay::start(const char * commandLine) {
     world().files->changeDirectory(windowsFolder());
     commandLine_ = std::make_unique<CCommandLine6>(commandLine);
     window_ = std::make_unique<TellingWindow>(commandLine_.get(), &language_, true, *told_);
+    if (opensDisplay && window_->CreateSurface(nullptr) != 0) return false;
     window_->OnCreate();
     application_ = std::make_unique<CApplication>(window_.get(), "settings.ini", "", commandLine_.get());
     application_->preinitializeApplication(false);

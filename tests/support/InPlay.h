@@ -73,6 +73,7 @@ protected:
     std::string told();
     std::string told(const std::string & code);
 
+    bool opensDisplay = false;      // at the start
     std::vector<std::string> notes; // what the author was told, as "kind: what"
 
 private:
