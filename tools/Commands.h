@@ -13,6 +13,7 @@ void addDef(CLI::App & program);    // shows a definition file as the engine rea
 void addCode(CLI::App & program);   // makes a coded copy of a text file
 void addDecode(CLI::App & program); // makes a clear copy of a coded one
 void addImage(CLI::App & program);  // turns a picture file into one of another format
+void addAnim(CLI::App & program);   // turns a folder of pictures into an animation and back
 void addInfo(CLI::App & program);   // tells what a file holds
 
 } // namespace tool

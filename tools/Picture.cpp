@@ -3,6 +3,8 @@
 #include "Files.h"
 
 #include "files/CFile_Stream.h"
+#include "graphics/AnnFile.h"
+#include "graphics/CFrame.h"
 #include "graphics/CImage.h"
 #include "graphics/CPSD.h"
 #include "graphics/ImgFile.h"
@@ -139,7 +141,7 @@ Format formatOfName(const std::string & name) {
     throw Failure(name + ": pictures end in .img, .png, .jpg or .psd");
 }
 
-bool isImg(const std::string & name) { return extensionOf(name) == ".img"; }
+bool endsIn(const std::string & name, std::string_view extension) { return extensionOf(name) == extension; }
 
 Format formatOf(const std::string & name, std::string_view bytes) {
     if (bytes.starts_with("\x89PNG\r\n\x1A\n"sv)) return Format::png;
@@ -173,6 +175,18 @@ std::vector<Layer> decodeLayers(const std::string & name, std::string_view bytes
         if (object->GetDataPtr()) layers.back().picture = take(*object);
     }
     return layers;
+}
+
+Picture decodeFrame(const std::string & name, const ann::Frame & frame, int depth) {
+    CFrame object(nullptr);
+    object.take(CXSize(frame.width, frame.height), CXPoint(frame.x, frame.y),
+                frame.depth ? frame.depth : depth, static_cast<_compression>(frame.compression), frame.colour,
+                frame.alpha);
+    object.DeCompress();
+    object.DeCompressRLE2();
+    if (object.GetCompression() != 0 || !object.GetDataPtr())
+        throw Failure(name + ": a frame can't be unpacked");
+    return take(object);
 }
 
 std::string encodePng(const Picture & picture) {

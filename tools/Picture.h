@@ -3,9 +3,14 @@
 // Pictures of any format as bytes of red, green, blue and alpha.
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace ann {
+struct Frame;
+}
 
 namespace tool {
 
@@ -25,6 +30,11 @@ struct Layer {
     Picture picture;
 };
 
+// An IMG file's planes, or a frame's, packed.
+struct Planes {
+    std::string colour, alpha; // no alpha: all is solid
+};
+
 struct ImgForm {
     int depth = 16;      // 15 or 16
     int compression = 2; // of _compression
@@ -34,13 +44,21 @@ struct ImgForm {
 // By the contents; a name that ends in .img decides for files without a sign of their own. Throws.
 Format formatOf(const std::string & name, std::string_view bytes);
 Format formatOfName(const std::string & name);
-bool isImg(const std::string & name); // by its end
+bool endsIn(const std::string & name, std::string_view extension); // in any case
 
 Picture decode(const std::string & name, std::string_view bytes, Format format); // PSD: the layers flattened
 std::vector<Layer> decodeLayers(const std::string & name, std::string_view bytes);
 
 // Spreads what 15 or 16 bits a pixel can't tell over neighbours, so that soft shades don't end in bands.
 void dither(Picture & picture, int depth);
+
+Picture decodeFrame(const std::string & name, const ann::Frame & frame,
+                    int depth); // of an animation of that depth
+
+// The words for the compressions of planes, and their numbers.
+const std::map<std::string, int> & compressions();
+// keepsAlpha: an alpha plane even where all is solid.
+Planes planesOf(const Picture & picture, const ImgForm & form, bool keepsAlpha);
 
 std::string encodePng(const Picture & picture);
 std::string encodeJpeg(const Picture & picture, int quality); // alpha is left away

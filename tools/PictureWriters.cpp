@@ -76,8 +76,19 @@ std::string encodeJpeg(const Picture & picture, int quality) {
     return out;
 }
 
-std::string encodeImg(const Picture & picture, const ImgForm & form) {
-    std::string colour, alpha;
+const std::map<std::string, int> & compressions() {
+    static const std::map<std::string, int> words = {{"raw", kCompressionNone},
+                                                     {"lzo", kCompressionLzo},
+                                                     {"lzo-rle", kCompressionLzoRle},
+                                                     {"rle", kCompressionRle},
+                                                     {"jpeg", kCompressionJpeg}};
+    return words;
+}
+
+Planes planesOf(const Picture & picture, const ImgForm & form, bool keepsAlpha) {
+    Planes planes;
+    std::string & colour = planes.colour;
+    std::string & alpha = planes.alpha;
     for (std::size_t i = 0; i < picture.pixels(); i++) {
         const std::uint8_t * p = picture.pixel(i);
         int word = form.depth == 15 ? p[0] >> 3 << 10 | p[1] >> 3 << 5 | p[2] >> 3
@@ -87,12 +98,18 @@ std::string encodeImg(const Picture & picture, const ImgForm & form) {
         alpha += static_cast<char>(p[3]);
     }
     bool jpeg = form.compression == kCompressionJpeg;
-    std::size_t rawSize = colour.size();
     colour = jpeg ? encodeJpeg(picture, form.quality) : packed(colour, true, form.compression);
-    if (picture.opaque())
+    if (picture.opaque() && !keepsAlpha)
         alpha.clear();
     else
         alpha = packed(alpha, false, jpeg ? int{kCompressionLzo} : form.compression);
+    return planes;
+}
+
+std::string encodeImg(const Picture & picture, const ImgForm & form) {
+    auto [colour, alpha] = planesOf(picture, form, false);
+    bool jpeg = form.compression == kCompressionJpeg;
+    std::size_t rawSize = picture.pixels() * 2;
     std::string out("TNK\0", 4);
     for (std::size_t value :
          {static_cast<std::size_t>(picture.width), static_cast<std::size_t>(picture.height),

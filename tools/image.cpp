@@ -10,9 +10,6 @@ namespace tool {
 
 namespace {
 
-const std::map<std::string, int> kCompressions = {
-    {"raw", 0}, {"lzo", 2}, {"lzo-rle", 3}, {"rle", 4}, {"jpeg", 5}};
-
 struct Arguments {
     std::string from, to;
     std::string compression = "lzo";
@@ -47,7 +44,7 @@ void convert(Arguments & arguments) {
     Format to = formatOfName(arguments.to);
     std::string bytes = readBytes(arguments.from);
     Format from = formatOf(arguments.from, bytes);
-    arguments.form.compression = kCompressions.at(arguments.compression);
+    arguments.form.compression = compressions().at(arguments.compression);
     if (!arguments.layers) {
         Picture picture = decode(arguments.from, bytes, from);
         return store(arguments.to, picture, to, arguments);
@@ -77,7 +74,7 @@ void addImage(CLI::App & program) {
         ->check(CLI::IsMember({15, 16}));
     command->add_flag("--dither", arguments->dithered, "soft shades don't end in bands at that depth");
     command->add_option("--compression", arguments->compression, "of an .img file (default: lzo)")
-        ->check(CLI::IsMember(kCompressions));
+        ->check(CLI::IsMember(compressions()));
     command->add_option("--quality", arguments->form.quality, "of JPEG, 1 to 100 (default: 90)")
         ->check(CLI::Range(1, 100));
     command->add_option("--at", arguments->at, "place on the screen that an .img file holds")->expected(2);

@@ -3,6 +3,7 @@
 #include "Picture.h"
 
 #include "files/CTextCoder.h"
+#include "graphics/AnnFile.h"
 #include "graphics/Compression.h"
 #include "graphics/ImgFile.h"
 #include "graphics/JpegDecoder.h"
@@ -72,6 +73,27 @@ void describePng(const std::string & name, std::string_view bytes) {
                 picture.opaque() ? "" : ", with alpha");
 }
 
+void describeAnn(const std::string & name, std::string_view bytes) {
+    ann::File file;
+    if (const char * bad = ann::read(bytes, file)) throw Failure(name + ": " + bad);
+    std::printf("ANN animation, layout %.3s\ndepth: %d bits a pixel\nframes: %zu\n", bytes.data(), file.depth,
+                file.frames.size());
+    if (!file.author.empty()) std::printf("author: %s\n", shown(file.author).c_str());
+    if (!file.description.empty()) std::printf("description: %s\n", shown(file.description).c_str());
+    for (const _annEventInfo3 & event : file.events) {
+        std::printf("event %s: %d entries, %d fps", shown(event.name.view()).c_str(), event.size(),
+                    event.fps);
+        if (event.loopEnd) std::printf(", loop %d to %d", event.loopStart, event.loopEnd);
+        if (event.loopEnd && event.loopCount) std::printf(", %d times", event.loopCount);
+        std::printf("\n");
+    }
+    for (std::size_t i = 0; i < file.frames.size(); i++) {
+        const ann::Frame & frame = file.frames[i];
+        std::printf("frame %zu: %d x %d at %d, %d, %s%s\n", i, frame.width, frame.height, frame.x, frame.y,
+                    coding(frame.compression).c_str(), frame.alpha.empty() ? "" : ", with alpha");
+    }
+}
+
 void describeCoded(const std::string &, std::string_view) { std::printf("coded text\n"); }
 
 // A file's first bytes tell what it is.
@@ -81,20 +103,20 @@ struct Kind {
 };
 
 const Kind kKinds[] = {
-    {"TNK\0"sv, describeImg},
-    {"NVI\0"sv, describeImg},
-    {"8BPS"sv, describePsd},
-    {"\xFF\xD8\xFF"sv, describeJpeg},
-    {"\x89PNG\r\n\x1A\n"sv, describePng},
-    {"{<C:"sv, describeCoded},
-    {"{<D:"sv, describeCoded},
+    {"TNK\0"sv, describeImg},         {"NVI\0"sv, describeImg},
+    {"NVP\0"sv, describeAnn},         {"NV+\0"sv, describeAnn},
+    {"PAK\0"sv, describeAnn},         {"TN2\0"sv, describeAnn},
+    {"TN3\0"sv, describeAnn},         {"8BPS"sv, describePsd},
+    {"\xFF\xD8\xFF"sv, describeJpeg}, {"\x89PNG\r\n\x1A\n"sv, describePng},
+    {"{<C:"sv, describeCoded},        {"{<D:"sv, describeCoded},
 };
 
 void info(const std::string & name) {
     std::string bytes = readBytes(name);
+    if (endsIn(name, ".ann")) return describeAnn(name, bytes); // two layouts have the signs of pictures
     for (const Kind & kind : kKinds)
         if (bytes.starts_with(kind.sign)) return kind.describe(name, bytes);
-    if (isImg(name)) return describeImg(name, bytes); // the oldest ones have no sign
+    if (endsIn(name, ".img")) return describeImg(name, bytes); // the oldest ones have no sign
     throw Failure(name + ": is of no known kind");
 }
 

@@ -12,7 +12,8 @@
 int main(int argc, char ** argv) {
     CLI::App program("Makes and opens the files of Tarnook games.", "tarnook-tool");
     program.set_version_flag("--version", "tarnook-tool " TARNOOK_VERSION);
-    for (auto add : {tool::addDef, tool::addCode, tool::addDecode, tool::addImage, tool::addInfo})
+    for (auto add :
+         {tool::addDef, tool::addCode, tool::addDecode, tool::addImage, tool::addAnim, tool::addInfo})
         add(program);
 
     std::unique_ptr<platform::World> world = platform::headless();
