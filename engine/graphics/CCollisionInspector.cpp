@@ -57,12 +57,15 @@ void CCollisionInspector::onPositionChanged(CGraphicsObject * object) {
 }
 
 void CCollisionInspector::tick() {
-    for (std::size_t i = 0; i < moved_.size(); i++) { // observers append
-        if (!moved_[i]->active) continue;
-        test(*moved_[i]);
-        moved_[i]->isMoved = false;
+    // Observers append. Objects whose scripts chase each other go on in the next tick.
+    const std::size_t most = moved_.size() + kMostFollowing;
+    std::size_t done = 0;
+    for (; done < moved_.size() && done < most; done++) {
+        CMonitoredObject & each = *moved_[done];
+        if (each.active) test(each);
+        each.isMoved = false;
     }
-    moved_.clear();
+    moved_.erase(moved_.begin(), moved_.begin() + static_cast<std::ptrdiff_t>(done));
     if (anyInactive_) deleteInactive();
 }
 
@@ -105,6 +108,7 @@ void CCollisionInspector::deleteInactive() {
             known_.erase(each->object);
             for (auto & other : monitored_) std::erase(other->partners, each->object);
         }
+    std::erase_if(moved_, [](const CMonitoredObject * each) { return !each->active; });
     std::erase_if(monitored_, [](const auto & each) { return !each->active; });
 }
 

@@ -7,6 +7,7 @@
 #include "core/CXObject.h"
 #include "core/CXRect.h"
 
+#include <cstddef>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -31,6 +32,8 @@ struct CMonitoredObject {
 
 class CCollisionInspector : public CXObject {
 public:
+    static constexpr std::size_t kMostFollowing = 1000; // moves of observers that one tick tests
+
     // alpha: a pair counts, when this object moves, only where the other's alpha isn't 0. An object that is
     // known keeps the alpha it had.
     void addMonitoredObject(CGraphicsObject * object, bool alpha);

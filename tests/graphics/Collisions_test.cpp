@@ -131,6 +131,22 @@ TEST_F(Collisions, RemovingAndDying) {
     EXPECT_EQ(pass(), "+ca +ea +ed"); // e's move is taken in the same pass
 }
 
+// One flees when they meet, the other follows when they part: a tick ends all the same, the next goes on.
+TEST_F(Collisions, ObserversThatChaseEachOther) {
+    Box a(&window(), 'a', 0), b(&window(), 'b', 50);
+    watch(a);
+    watch(b);
+    hook = [&] { (heard.ends_with("+ab") ? b : a).Move(20, 0); };
+    a.SetPosition(45, 0);
+    const std::string first = pass();
+    EXPECT_EQ(first.substr(0, 11), "+ab -ba +ab");
+    EXPECT_GT(first.size(), CCollisionInspector::kMostFollowing);
+    EXPECT_FALSE(pass().empty());
+    inspector->removeMonitoredObject(&a);
+    EXPECT_EQ(pass(), "");
+    EXPECT_EQ(pass(), "");
+}
+
 TEST_F(Collisions, SignalsOfScripts) {
     put("Dane/p.img", test::Tnk{4, 2, 16, 0, 0, 0, 0, test::plane({1, 2, 3, 4, 5, 6, 7, 8}), {}}.bytes());
     define("Dane/A.cnv", "P TYPE=IMAGE\n P FILENAME=p.img\n P MONITORCOLLISION=TRUE\n"

@@ -2,6 +2,7 @@
 
 #include "input/CMC_Button.h"
 
+#include "graphics/AnnFile.h"
 #include "graphics/CImage.h"
 #include "graphics/CMC_Image.h"
 #include "graphics/PictureFiles.h"
@@ -192,6 +193,36 @@ TEST_F(Buttons, ARegionMadeOfAPicture) {
     run("S^SETRECT(\"L\");S^SETPRIORITY(9);");
     EXPECT_EQ(down(12, 12), "S|CLICKED");
     EXPECT_EQ(told("@MSGBOX(S^GETPRIORITY());"), "9");
+}
+
+// An animation's region is what its present frame covers; its pictures are shown without being played.
+TEST_F(Buttons, ARegionMadeOfAnAnimation) {
+    std::string colour = test::plane(std::vector<std::uint16_t>(100, kBlue)), alpha[2];
+    for (int i = 0; i < 100; i++)
+        for (int frame : {0, 1}) alpha[frame] += (i % 10 < 5) == (frame == 1) ? '\xFF' : '\0';
+    ann::File file;
+    _annEventInfo3 & event = file.events.emplace_back();
+    event.name = "WALK";
+    for (int i : {0, 1}) {
+        event.add(static_cast<std::uint16_t>(i));
+        ann::Frame & frame = file.frames.emplace_back();
+        frame.width = frame.height = 10;
+        frame.colour = colour;
+        frame.alpha = alpha[i];
+    }
+    put("Dane/a.ann", ann::write(file));
+    enter("N TYPE=ANIMO\nN FILENAME=a.ann\nN TOCANVAS=TRUE\nN VISIBLE=TRUE\nN PRIORITY=6\n"
+          "N ONINIT={N^SETPOSITION(10,10);}\nN ONSTARTED={@MSGBOX(\"played\");}\n" +
+          button("B", "RECT=N\nGFXONMOVE=N") + kMouse);
+    EXPECT_EQ(seen(16, 12), kBlack) << "it isn't the standard picture";
+    EXPECT_EQ(move(12, 12), "mouse");
+    EXPECT_EQ(move(16, 12), "B|FOCUSON");
+    EXPECT_EQ(seen(16, 12), kBlue);
+    EXPECT_EQ(seen(12, 12), kBlack);
+    run("N^SETFRAME(1);");
+    EXPECT_EQ(move(16, 12), "B|FOCUSOFF; mouse");
+    EXPECT_EQ(play("d12,12 u12,12"), "B|CLICKED / B|RELEASED; B|ACTION; mouse-release");
+    EXPECT_EQ(told("@MSGBOX(B^GETPRIORITY());"), "6");
 }
 
 // A picture for the press that is clear at the point refuses it.
