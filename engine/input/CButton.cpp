@@ -190,8 +190,7 @@ void CButton::play(_soundtype which) {
 
 // Under the pointer the standard picture stays beneath; pressed, the picture for it takes the place of that
 // for the pointer.
-void CButton::SYN() {
-    if (frozen_) return;
+void CButton::show(bool all) {
     bool isOver = IsEnabled() && inside_;
     Picture top = kStandard;
     if (isOver && pressed_ && pictures_[kAccent])
@@ -201,23 +200,29 @@ void CButton::SYN() {
     else if (isOver && pictures_[kOnMove])
         top = kOnMove;
     bool isSeen = IsEnabled() || seenDisabled_;
-    bool shown[kPictures] = {};
+    std::array<bool, kPictures> shown = {};
     shown[top] = isSeen;
     shown[kStandard] = isSeen && (top == kStandard || !hideStandardOnMove_);
     shown[kAccent] = shown[kAccent] || (forced_ && IsEnabled());
-    for (int i = 0; i < kPictures; i++) {
-        CGraphicsObject * picture = pictures_[static_cast<std::size_t>(i)];
+    const std::array<bool, kPictures> before = std::exchange(shown_, shown);
+    if (frozen_) return;
+    for (CGraphicsObject * picture : pictures_) {
         if (!picture) continue;
-        bool wanted = false; // in any of the places that it has
-        for (int j = 0; j < kPictures; j++)
-            wanted = wanted || (shown[j] && pictures_[static_cast<std::size_t>(j)] == picture);
-        if (picture->isVisible() == wanted) continue;
+        auto isIn = [&](const std::array<bool, kPictures> & state) { // in any of the places that it has
+            bool is = false;
+            for (std::size_t i = 0; i < kPictures; i++) is = is || (state[i] && pictures_[i] == picture);
+            return is;
+        };
+        bool wanted = isIn(shown);
+        if (picture->isVisible() == wanted || (!all && isIn(before) == wanted)) continue;
         if (wanted)
             appear(picture);
         else
             picture->Visible(false);
     }
 }
+
+void CButton::SYN() { show(true); }
 
 void CButton::Accent(CGraphicsObject * picture, bool on) {
     forced_ = on;
@@ -278,7 +283,7 @@ int CButton::OnMouseMove(CXPoint point) {
 int CButton::OnFocusOn(CXPoint point) {
     if (!isThere() || !IsEnabled()) return 0;
     inside_ = true;
-    SYN();
+    show(false);
     play(kSoundOnMove);
     int taken = isOtherDragged() ? 0 : 1;
     onFocusOn(point);
@@ -289,7 +294,7 @@ int CButton::OnFocusOn(CXPoint point) {
 int CButton::OnFocusOff(CXPoint point) {
     if (!isThere() || !IsEnabled()) return 0;
     inside_ = false;
-    SYN();
+    show(false);
     onFocusOff(point);
     return 0;
 }
@@ -308,7 +313,7 @@ int CButton::OnClick(CXPoint point) {
     inside_ = pressed_ = true;
     click_ = point;
     if (window_) window_->registerMouseListener(hand_.get(), kHandPriority);
-    SYN();
+    show(false);
     play(kSoundOnClick);
     onClick(point);
     return 1;
@@ -326,7 +331,7 @@ void CButton::release(CXPoint point, bool isOver) {
     inside_ = false;
     bool staysDragged = drags_ && unit_ && unit_->getDraggingMode();
     if (window_ && !staysDragged) window_->removeMouseListener(hand_.get());
-    SYN();
+    show(false);
     onRelease(point);
     if (isOver && isThere() && hotSpot_->TestHit(point)) onAction(point);
     if (isThere() && !staysDragged) endDrag(point);

@@ -84,6 +84,7 @@ private:
     void hold(CGraphicsObject * object);  // hears of its end
     void letGo(CGraphicsObject * object); // unless another field has it
     void takeStandardAsRegion();
+    void show(bool all); // else those alone that the new state shows or hides: scripts have hidden others
     void turnOff();
     void play(_soundtype which);
     bool isThere() const { return !button_ || owner_.get(); }
@@ -110,6 +111,7 @@ private:
     bool soundLocked_ = false;
     bool hideStandardOnMove_ = false;
     std::array<CGraphicsObject *, kPictures> pictures_ = {}; // not owned
+    std::array<bool, kPictures> shown_ = {};                 // by the state, whatever scripts did since
     CGraphicsObject * dragging_ = nullptr;                   // not owned
     bool draggingEnabled_ = false;
     bool playOnlyWhenSilent_ = false;

@@ -368,6 +368,12 @@ TEST_F(Buttons, Accents) {
     run("B^SETSTD(\"M\");");
     EXPECT_EQ(seen(12, 12), kGreen);
     EXPECT_FALSE(isVisible("S")) << "what was replaced is hidden";
+    // What a script hid comes back with the state or when it is asked for, not with the pointer.
+    run("B^SETSTD(\"S\");S^HIDE();");
+    EXPECT_EQ(play("m50,50 m12,12"), " / B|FOCUSON");
+    EXPECT_FALSE(isVisible("S"));
+    run("B^SYN();");
+    EXPECT_TRUE(isVisible("S"));
 }
 
 // The unit takes a button's return code when it acts, or when its key word was typed.
