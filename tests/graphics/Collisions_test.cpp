@@ -28,7 +28,9 @@ protected:
         inspector->addNotifier(this);
         inspector->addNotifier(this);
     }
-    ~Collisions() override { inspector->removeNotifier(this); }
+    ~Collisions() override {
+        window().getCollisionInspector().removeNotifier(this);
+    } // it may be a second one
 
     void onCollision(CGraphicsObject * a, CGraphicsObject * b) override { tell('+', a, b); }
     void onCollisionFinished(CGraphicsObject * a, CGraphicsObject * b) override { tell('-', a, b); }
