@@ -1,17 +1,18 @@
 #include "Game.h"
 
+#include "GameWindow.h"
 #include "InputScript.h"
 #include "Screenshots.h"
 
 #include "app/CApplication.h"
 #include "app/CCommandLine6.h"
-#include "app/CWindow.h"
 #include "files/CFile.h"
 #include "files/CLanguageOSVer.h"
 #include "platform/World.h"
 #include "platform/clock/VirtualClock.h"
 #include "platform/text/Windows1250.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 
@@ -31,24 +32,26 @@ void complain(const char * what, const std::string & name) {
     std::fprintf(stderr, "tarnook: %s%s\n", what, name.c_str());
 }
 
-// Between two ticks: virtual time moves by a step, a desktop waits for the next moment of its rate.
+// Between two ticks: virtual time moves by a step, a desktop waits until the next one is due.
 class Pace {
 public:
-    Pace(const Options & options, platform::World & world) : options_(options), world_(world) {}
+    Pace(const Options & options, platform::World & world)
+        : options_(options), world_(world), due_(world.clock->counter()) {}
     void wait() {
         if (world_.virtualClock) {
             world_.virtualClock->advance(options_.step);
             return;
         }
-        std::uint32_t period = 1000U / static_cast<unsigned>(options_.rate), now = world_.clock->tickCount();
-        if (now - last_ < period) world_.clock->sleep(period - (now - last_));
-        last_ = world_.clock->tickCount();
+        platform::Clock & clock = *world_.clock;
+        std::int64_t frequency = clock.counterFrequency(), now = clock.counter();
+        due_ = std::max(due_ + frequency / options_.rate, now); // a late tick isn't made up for
+        clock.sleep(static_cast<std::uint32_t>(((due_ - now) * 1000 + frequency - 1) / frequency));
     }
 
 private:
     const Options & options_;
     platform::World & world_;
-    std::uint32_t last_ = 0;
+    std::int64_t due_;
 };
 
 // The root of the game that couldn't be loaded, the first one or one that it handed over to.
@@ -63,15 +66,19 @@ int play(const Options & options, platform::World & world, InputScript & input) 
     CCommandLine6 commandLine(platform::fromUtf8(options.engineText).c_str());
     CLanguageOSVer language;
     CXString exePath(world.files->fromMachine(programFolder()));
-    // Pointer and keys come as the host's messages.
-    CWindow window(nullptr, &commandLine, &language, commandLine.getResolution(), nullptr, exePath, true);
+    GameWindow window(world.window.get(), &commandLine, &language, exePath, options.rawMouse);
     int error = commandLine.isWindowMode() ? window.CreateSurface(nullptr)
                                            : window.SetDisplayMode(0, 0, world.display->depth());
+    if (error && world.window) {
+        complain("no display: ", world.display->problem());
+        return kNoDevice;
+    }
     if (error) {
         window.setErrorCode(error);
         window.ShowError("Tarnook");
         return kNoDevice;
     }
+    if (world.window) world.window->setFrame(!commandLine.isNoFrame());
     window.OnCreate();
     CApplication application(&window, CXString(platform::fromUtf8(options.config)),
                              CXString(platform::fromUtf8(options.archive)), &commandLine);
@@ -81,7 +88,8 @@ int play(const Options & options, platform::World & world, InputScript & input) 
     Pace pace(options, world);
     Screenshots screenshots(options.screenshots, *world.display);
     for (long tick = 1;; tick++) {
-        bool over = input.play(tick, window) || window.domodal();
+        bool over = window.pump() || input.play(tick, window) || window.domodal();
+        if (world.window) world.window->present();
         if (!screenshots.take(tick)) return kNoDevice;
         if (over || tick == options.ticks) break;
         if (application.LastError()) break; // it handed over to a folder without a game

@@ -1,6 +1,5 @@
 #include "InputScript.h"
 
-#include "app/CWindow.h"
 #include "platform/World.h"
 #include "platform/input/ScriptedKeyboard.h"
 #include "platform/input/ScriptedMouse.h"
@@ -27,16 +26,19 @@ bool number(const std::string & word, long low, long high, long & value) {
 } // namespace
 
 std::string InputScript::parse(const std::string & line, Event & event) {
+    using Message = GameWindow::Message;
     struct Row {
         const char * name;
-        Kind kind;
+        Message::Kind kind;
         const char * wants; // b: a button, p: a coordinate, k: a byte, f: on or off
     };
-    static constexpr Row kRows[] = {{"move", Kind::move, "pp"},      {"down", Kind::down, "bpp"},
-                                    {"up", Kind::up, "bpp"},         {"dblclick", Kind::doubleClick, "pp"},
-                                    {"keydown", Kind::keyDown, "k"}, {"keyup", Kind::keyUp, "k"},
-                                    {"char", Kind::character, "k"},  {"focus", Kind::focus, "f"},
-                                    {"close", Kind::close, ""}};
+    // A key is no message: it goes to the keyboard.
+    static constexpr Row kRows[] = {
+        {"move", Message::kMove, "pp"},        {"down", Message::kDown, "bpp"},
+        {"up", Message::kUp, "bpp"},           {"dblclick", Message::kDoubleClick, "pp"},
+        {"keydown", Message::kCharacter, "k"}, {"keyup", Message::kCharacter, "k"},
+        {"char", Message::kCharacter, "k"},    {"focus", Message::kFocus, "f"},
+        {"close", Message::kClose, ""}};
 
     std::istringstream text(line);
     std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
@@ -44,29 +46,31 @@ std::string InputScript::parse(const std::string & line, Event & event) {
     if (words.size() < 2) return "no event behind the tick";
     const Row * row = std::ranges::find(kRows, words[1], &Row::name);
     if (row == std::end(kRows)) return "unknown event " + words[1];
-    event.kind = row->kind;
+    Message & message = event.message;
+    message.kind = row->kind;
+    if (words[1].starts_with("key")) event.kind = words[1] == "keydown" ? Event::kKeyDown : Event::kKeyUp;
     std::size_t next = 2;
-    int * coordinate = &event.a;
+    int * coordinate = &message.x;
     for (const char * want = row->wants; *want; want++, next++) {
         const std::string word = next < words.size() ? words[next] : "";
         const std::string found = word.empty() ? " behind " + words[next - 1] : ", not " + word;
         long value = 0;
         switch (*want) {
         case 'b':
-            event.button = word == "left" ? 0 : word == "middle" ? 1 : word == "right" ? 2 : -1;
-            if (event.button < 0) return words[1] + " wants left, middle or right" + found;
+            message.button = word == "left" ? 0 : word == "middle" ? 1 : word == "right" ? 2 : -1;
+            if (message.button < 0) return words[1] + " wants left, middle or right" + found;
             break;
         case 'p':
             if (!number(word, INT_MIN, INT_MAX, value)) return words[1] + " wants x and y" + found;
-            *std::exchange(coordinate, &event.b) = static_cast<int>(value);
+            *std::exchange(coordinate, &message.y) = static_cast<int>(value);
             break;
         case 'k':
             if (!number(word, 0, 255, value)) return words[1] + " wants a number up to 255" + found;
-            event.a = static_cast<int>(value);
+            message.value = static_cast<int>(value);
             break;
         default:
             if (word != "on" && word != "off") return words[1] + " wants on or off" + found;
-            event.a = word == "on";
+            message.value = word == "on";
         }
     }
     return next < words.size() ? words[next] + " is too much" : std::string();
@@ -93,44 +97,34 @@ bool InputScript::load(const std::string & file) {
     return true;
 }
 
-bool InputScript::tell(const Event & event, CWindow & window) {
+bool InputScript::tell(Event event, GameWindow & window) {
+    using Message = GameWindow::Message;
+    using platform::Mouse;
+    platform::ScriptedKeyboard & keyboard = *platform::world().scriptedKeyboard;
     platform::ScriptedMouse & mouse = *platform::world().scriptedMouse;
-    constexpr platform::Mouse::Part kButtons[] = {platform::Mouse::kLeft, platform::Mouse::kMiddle,
-                                                  platform::Mouse::kRight};
-    CXPoint point;
-    if (event.kind <= Kind::doubleClick) {
-        mouse.place(event.a, event.b); // a game may hold the pointer in a rectangle
-        point = CXPoint(mouse.x(), mouse.y());
-    }
-    if (event.kind == Kind::down || event.kind == Kind::up)
-        mouse.set(kButtons[event.button], event.kind == Kind::down);
+    Message & message = event.message;
     switch (event.kind) {
-    case Kind::move: window.OnMouseMove(point, 0); break;
-    case Kind::down:
-        event.button == 0   ? window.OnLButtonDown(point, 0)
-        : event.button == 1 ? window.OnMButtonDown(point, 0)
-                            : window.OnRButtonDown(point, 0);
-        break;
-    case Kind::up:
-        event.button == 0   ? window.OnLButtonUp(point, 0)
-        : event.button == 1 ? window.OnMButtonUp(point, 0)
-                            : window.OnRButtonUp(point, 0);
-        break;
-    case Kind::doubleClick: window.OnLButtonDblClk(point, 0); break;
-    case Kind::keyDown: // keys that go down while another program has the focus are that one's
-        if (window.isActive()) platform::world().scriptedKeyboard->set(event.a, true);
-        break;
-    case Kind::keyUp: platform::world().scriptedKeyboard->set(event.a, false); break;
-    case Kind::character: window.OnChar(event.a, 0); break;
-    case Kind::focus: window.OnActivateApp(event.a != 0); break;
-    case Kind::close: return window.OnExit();
+    case Event::kKeyDown: // while another program has the focus it is that one's
+        if (window.isActive()) keyboard.set(message.value, true);
+        return false;
+    case Event::kKeyUp: keyboard.set(message.value, false); return false;
+    case Event::kMessage: break;
     }
-    return false;
+    if (message.kind <= Message::kDoubleClick) {
+        mouse.place(message.x, message.y); // a game may hold the pointer in a rectangle
+        message.x = mouse.x();
+        message.y = mouse.y();
+    }
+    constexpr Mouse::Part kButtons[] = {Mouse::kLeft, Mouse::kMiddle, Mouse::kRight};
+    if (message.kind == Message::kDown || message.kind == Message::kUp)
+        mouse.set(kButtons[message.button], message.kind == Message::kDown);
+    return window.tell(message);
 }
 
-bool InputScript::play(long tick, CWindow & window) {
+bool InputScript::play(long tick, GameWindow & window) {
     platform::ScriptedMouse * mouse = platform::world().scriptedMouse;
-    if (mouse && mouse->takeMoved()) window.OnMouseMove(CXPoint(mouse->x(), mouse->y()), 0);
+    if (mouse && mouse->takeMoved())
+        window.tell({.kind = GameWindow::Message::kMove, .x = mouse->x(), .y = mouse->y()});
     while (next_ < events_.size() && events_[next_].tick <= tick)
         if (tell(events_[next_++], window)) return true;
     return false;

@@ -80,6 +80,9 @@ int read(int argc, char ** argv, Options & options) {
     app.add_option("--rate", options.rate, "desktop: ticks a second at most")
         ->check(CLI::PositiveNumber)
         ->capture_default_str();
+    app.add_flag("--raw-mouse", options.rawMouse,
+                 "desktop: read the mouse as a device, on a thread of its own")
+        ->excludes(headless);
     app.add_option("--disc", options.disc, "folder of the machine to show as drive D:")
         ->check(CLI::ExistingDirectory);
     app.add_flag("--describe", options.describe, "print every word of the script language, leave");

@@ -25,6 +25,7 @@ struct Options {
     std::string config = "settings.ini";
     std::string archive;
     int rate = 60;
+    bool rawMouse = false;
     std::string disc;
     bool describe = false;
     std::string game;       // folder, "." when none is given

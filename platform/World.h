@@ -16,6 +16,7 @@
 #include "platform/modules/Modules.h"
 #include "platform/random/RandomSource.h"
 #include "platform/timer/PeriodicTimers.h"
+#include "platform/window/SystemWindow.h"
 
 #include <memory>
 #include <string>
@@ -40,6 +41,7 @@ struct World {
     std::unique_ptr<Mouse> mouse;
     std::unique_ptr<Keyboard> keyboard;
     std::unique_ptr<Joysticks> joysticks;
+    std::unique_ptr<SystemWindow> window;  // of a desktop; null in a headless world
     VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
     // The hands at a headless world's devices; else null.
     ScriptedMouse * scriptedMouse = nullptr;
@@ -59,7 +61,8 @@ struct Options {
 
 // Virtual time, message boxes on standard output, the machine's files.
 std::unique_ptr<World> headless(const Options & options = {});
-// The machine's clock, timers on a thread, message boxes in the terminal, the machine's files.
+// The machine's clock, timers on a thread, a window on the machine's display, the machine's files. The window
+// opens with the display's first mode.
 std::unique_ptr<World> desktop(const Options & options = {});
 
 // Makes a world the one that world() gives, for as long as this object lives. Installs nest.

@@ -4,18 +4,23 @@
 #include "platform/clock/SystemClock.h"
 #include "platform/clock/VirtualClock.h"
 #include "platform/debug/StderrDebugChannel.h"
+#include "platform/dialogs/SdlDialogs.h"
 #include "platform/dialogs/StdoutDialogs.h"
-#include "platform/dialogs/TerminalDialogs.h"
 #include "platform/display/MemoryDisplay.h"
+#include "platform/display/SdlDisplay.h"
 #include "platform/files/MachineFileSystem.h"
 #include "platform/input/ScriptedJoysticks.h"
 #include "platform/input/ScriptedKeyboard.h"
 #include "platform/input/ScriptedMouse.h"
+#include "platform/input/SdlJoysticks.h"
+#include "platform/input/SdlKeyboard.h"
+#include "platform/input/SdlMouse.h"
 #include "platform/locale/FixedLocale.h"
 #include "platform/locale/SystemLocale.h"
 #include "platform/modules/SystemModules.h"
 #include "platform/timer/ThreadPeriodicTimers.h"
 #include "platform/timer/VirtualPeriodicTimers.h"
+#include "platform/window/SdlWindow.h"
 
 namespace platform {
 
@@ -59,13 +64,18 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->random = std::make_unique<RandomSource>(seed);
     world->files = std::make_unique<MachineFileSystem>(options.currentDirectory, options.disc);
     world->locale = std::make_unique<SystemLocale>();
-    world->dialogs = std::make_unique<TerminalDialogs>();
     world->modules = std::make_unique<SystemModules>();
     world->debugger = std::make_unique<StderrDebugChannel>();
-    world->display = std::make_unique<MemoryDisplay>(options.depth);
-    world->mouse = std::make_unique<ScriptedMouse>();
-    world->keyboard = std::make_unique<ScriptedKeyboard>();
-    world->joysticks = std::make_unique<ScriptedJoysticks>();
+    auto display = std::make_unique<SdlDisplay>(options.depth);
+    auto mouse = std::make_unique<SdlMouse>(*display);
+    auto keyboard = std::make_unique<SdlKeyboard>();
+    auto joysticks = std::make_unique<SdlJoysticks>();
+    world->dialogs = std::make_unique<SdlDialogs>(*display);
+    world->window = std::make_unique<SdlWindow>(*display, *mouse, *keyboard, *joysticks);
+    world->display = std::move(display);
+    world->mouse = std::move(mouse);
+    world->keyboard = std::move(keyboard);
+    world->joysticks = std::move(joysticks);
     return world;
 }
 

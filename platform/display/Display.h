@@ -3,6 +3,7 @@
 // What shows the game's picture: 16-bit pixels that are seen, and perhaps a second picture behind them.
 
 #include <cstdint>
+#include <string>
 
 namespace platform {
 
@@ -15,6 +16,7 @@ public:
     virtual int depth() const = 0;
     // A picture of that size, black; false when the machine can't. What pixels() gave before is gone.
     virtual bool setMode(int width, int height, int depth, bool inWindow) = 0;
+    virtual std::string problem() const { return {}; } // why it can't, in UTF-8
     virtual int width() const = 0;
     virtual int height() const = 0;
     // The picture that is seen, row by row without padding; null before setMode. Whoever wrote to it tells

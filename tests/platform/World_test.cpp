@@ -31,9 +31,9 @@ TEST(World, DesktopTakesTheMachine) {
     EXPECT_GT(world->random->hostSeed(), 1u);
     EXPECT_EQ(world->describe(),
               "clock: system\ntimers: thread\nrandom: seed " + std::to_string(world->random->hostSeed()) +
-                  "\nfiles: machine\nlocale: system\ndialogs: terminal\nmodules: system\ndebugger: "
-                  "standard error\ndisplay: memory\nmouse: scripted\n"
-                  "keyboard: scripted\njoysticks: scripted\n");
+                  "\nfiles: machine\nlocale: system\ndialogs: SDL\nmodules: system\ndebugger: "
+                  "standard error\ndisplay: SDL\nmouse: SDL\n"
+                  "keyboard: SDL\njoysticks: SDL\n");
 }
 
 // A process runs one world after another; nothing of the first is left in the second.
