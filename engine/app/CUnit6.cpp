@@ -26,6 +26,8 @@ void CUnit6::initialize(CMC_Scene * scene, CUnit6 * unit) {
     retCode_ = 0;
     active_ = true;
     musicPlaying_ = unit ? CXString(unit->getMusicFileName()) : CXString();
+    randomPlayable_ = std::make_unique<CRandomPlayable>(window_, this);
+    randomPlayable_->addNotifier(this);
     setBackground();
     window_->registerKeyListener(this);
     window_->registerMouseListener(this, kMousePriority);
@@ -51,10 +53,19 @@ void CUnit6::done(CMC_Scene *, CUnit6 *) {
     scene_ = nullptr;
     active_ = false;
     initiallyUpdated_ = false;
+    randomPlayable_.reset();
     window_->removeKeyListener(this);
     window_->removeMouseListener(this);
     resources_->flush();
     retPath_.removeAll();
+}
+
+void CUnit6::addRandomPlayable(CPlayable * playable, double rate, int series, const CXString & event) {
+    if (randomPlayable_) randomPlayable_->add(playable, rate, series, event);
+}
+
+void CUnit6::removeRandomPlayable(CPlayable * playable) {
+    if (randomPlayable_) randomPlayable_->remove(playable);
 }
 
 void CUnit6::startMusic(const char * file, bool force) {

@@ -8,6 +8,7 @@
 #include "core/CXVector.h"
 #include "graphics/CInvalidateObserver.h"
 #include "input/CControlNotifier.h"
+#include "sequence/CRandomPlayable.h"
 
 #include <memory>
 
@@ -20,9 +21,11 @@ class CWindow;
 
 class CUnit6 : public CXObject,
                public CControlNotifier,
+               public CPlayableObserver,
                public CKeyListener,
                public CMouseListener,
-               public CInvalidateObserver {
+               public CInvalidateObserver,
+               public CRandomPlayableNotifier {
 public:
     static constexpr int kMousePriority = 100000; // above ordinary listeners
     static constexpr int kTab = 15;               // key code
@@ -57,6 +60,9 @@ public:
     virtual void onEndDragging(CXPoint point);
     virtual void setCursor(CGraphicsObject *) {} // a derived unit may show it at the pointer
     void bringBackDraggingObjectPosition(CXPoint point);
+    // While a scene runs. The playable stays the caller's.
+    virtual void addRandomPlayable(CPlayable * playable, double rate, int series, const CXString & event);
+    virtual void removeRandomPlayable(CPlayable * playable);
     virtual CResourcesManager * getResourcesManager() { return resources_.get(); }
     // A derived unit may filter a scene's elements.
     virtual CMElements * resolveObjects(CMC_Scene *, CMElements * elements) { return elements; }
@@ -109,7 +115,8 @@ private:
     CXArray retPath_{101, 0.75F};
     bool active_ = false;
     std::unique_ptr<CResourcesManager> resources_;
-    CXVector editBoxes_{101, 0.75F}; // not owned
+    std::unique_ptr<CRandomPlayable> randomPlayable_; // a scene's
+    CXVector editBoxes_{101, 0.75F};                  // not owned
     int currentEditBox_ = -1;
     CXString musicPlaying_;
 };

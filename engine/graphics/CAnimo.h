@@ -123,6 +123,7 @@ public:
     int getFPS() override { return fps_ > 0 ? fps_ : kDefaultFps; }
     Kind getKind() override { return kAnimation; }
     int getEventsNumber() override { return GetNOE(); }
+    CXString getPlayedEvent() override { return GetNOE() ? GetEventName(lastPlayed_) : CXString(); }
     void playEvent(int event, int flag) override { Play(static_cast<_animoevent>(event), 0, flag); }
     void playEvent(const CXString & name) override { Play(name, 0, kWholeEvent); }
     void show() override;

@@ -22,6 +22,13 @@ CPlayable & CPlayable::operator=(const CPlayable & other) {
     return *this;
 }
 
+CPlayable::~CPlayable() {
+    if (parent_) parent_->forgetChild(this);
+    std::vector<void *> told(notifiers_.begin(), notifiers_.end());
+    for (void * each : told)
+        if (notifiers_.contains(each)) static_cast<CPlayableObserver *>(each)->onPlayableGone(this);
+}
+
 void CPlayable::setNotifier(CPlayableObserver * observer) {
     clearNotifiers();
     addNotifier(observer);

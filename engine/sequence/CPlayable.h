@@ -23,7 +23,7 @@ public:
     explicit CPlayable(CWindow * window) : playableWindow_(window) {}
     CPlayable(const CPlayable &) = delete;
     CPlayable & operator=(const CPlayable & other); // all but the notifiers and the parent
-    ~CPlayable() override = default;
+    ~CPlayable() override;                          // tells its notifiers and its parent
 
     virtual void setParent(CPlayable * parent) { parent_ = parent; }
     virtual bool isParent() { return parentCount_ > 0; } // whether it belongs to one, and so reports to it
@@ -62,7 +62,9 @@ public:
     virtual int getEventsNumber() { return 0; }
     virtual void playEvent(int, int) { play(); } // number, flag
     virtual void playEvent(const CXString &) { play(); }
+    virtual CXString getPlayedEvent() { return event_; } // the last one
     virtual void alwaysOnTop() {}
+    virtual void forgetChild(CPlayable *) {} // that is being destroyed
 
     void setName(const CXString & name) { playableName_ = name; }
     const CXString & getName() const { return playableName_; }

@@ -11,4 +11,5 @@ public:
     virtual bool onPlayableTick(CPlayable *) { return true; }
     virtual bool onPlayableFinished(CPlayable *) { return true; }
     virtual bool onPlayableResumed(CPlayable *) { return true; }
+    virtual void onPlayableGone(CPlayable *) {} // it is being destroyed: nothing but its address counts
 };
