@@ -113,7 +113,6 @@ int run(const Options & options) {
         complain("can't read the input file ", options.input);
         return kWrongOption;
     }
-    if (!options.audio.empty()) complain("--audio: ", "this build plays no sound, nothing is written");
 
     platform::Options forms;
     forms.seed = options.seed ? options.seed : options.headless ? 1 : 0;
@@ -122,6 +121,10 @@ int run(const Options & options) {
     forms.currentDirectory = folder.string();
     std::unique_ptr<platform::World> world =
         options.headless ? platform::headless(forms) : platform::desktop(forms);
+    if (!options.audio.empty() && !world->sound->record(options.audio)) {
+        complain("can't write the sound file ", options.audio);
+        return kWrongOption;
+    }
     platform::Installed installed(*world);
     return play(options, *world, input);
 }

@@ -4,6 +4,7 @@
 // start and installs it; the engine reaches it through world(). Nothing of a world is kept elsewhere, so
 // that a program can run one after another.
 
+#include "platform/audio/SoundDevice.h"
 #include "platform/clock/Clock.h"
 #include "platform/debug/DebugChannel.h"
 #include "platform/dialogs/Dialogs.h"
@@ -41,6 +42,7 @@ struct World {
     std::unique_ptr<Mouse> mouse;
     std::unique_ptr<Keyboard> keyboard;
     std::unique_ptr<Joysticks> joysticks;
+    std::unique_ptr<SoundDevice> sound;    // follows the clock too
     std::unique_ptr<SystemWindow> window;  // of a desktop; null in a headless world
     VirtualClock * virtualClock = nullptr; // the clock of a headless world, which the host moves; else null
     // The hands at a headless world's devices; else null.

@@ -1,6 +1,7 @@
 // The forms that a headless and a desktop world take.
 
 #include "platform/World.h"
+#include "platform/audio/ClockedSound.h"
 #include "platform/clock/SystemClock.h"
 #include "platform/clock/VirtualClock.h"
 #include "platform/debug/StderrDebugChannel.h"
@@ -51,6 +52,7 @@ std::unique_ptr<World> headless(const Options & options) {
     world->mouse = scripted(world->scriptedMouse);
     world->keyboard = scripted(world->scriptedKeyboard);
     world->joysticks = scripted(world->scriptedJoysticks);
+    world->sound = std::make_unique<ClockedSound>(*world->clock, "memory");
     return world;
 }
 
@@ -76,6 +78,7 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->mouse = std::move(mouse);
     world->keyboard = std::move(keyboard);
     world->joysticks = std::move(joysticks);
+    world->sound = std::make_unique<ClockedSound>(*world->clock, "silent, this build opens no sound device");
     return world;
 }
 
@@ -96,6 +99,7 @@ std::string World::describe() const {
     line("mouse", mouse->name());
     line("keyboard", keyboard->name());
     line("joysticks", joysticks->name());
+    line("sound", sound->name());
     return text;
 }
 

@@ -14,7 +14,7 @@ TEST_F(HeadlessWorld, IsComplete) {
     EXPECT_EQ(world().describe(), "clock: virtual\ntimers: virtual\nrandom: seed 1\nfiles: machine\n"
                                   "locale: fixed\ndialogs: lines on standard output\nmodules: "
                                   "system\ndebugger: standard error\ndisplay: memory\nmouse: scripted\n"
-                                  "keyboard: scripted\njoysticks: scripted\n");
+                                  "keyboard: scripted\njoysticks: scripted\nsound: memory\n");
     EXPECT_EQ(world().files->currentDirectory(), windowsFolder());
     EXPECT_EQ(world().locale->languageCode(), "0409");
 
@@ -33,7 +33,7 @@ TEST(World, DesktopTakesTheMachine) {
               "clock: system\ntimers: thread\nrandom: seed " + std::to_string(world->random->hostSeed()) +
                   "\nfiles: machine\nlocale: system\ndialogs: SDL\nmodules: system\ndebugger: "
                   "standard error\ndisplay: SDL\nmouse: SDL\n"
-                  "keyboard: SDL\njoysticks: SDL\n");
+                  "keyboard: SDL\njoysticks: SDL\nsound: silent, this build opens no sound device\n");
 }
 
 // A process runs one world after another; nothing of the first is left in the second.
