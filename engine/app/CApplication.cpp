@@ -12,10 +12,16 @@
 #include "files/CResourcesManager.h"
 #include "graphics/CAnimationManager.h"
 #include "sound/CSoundCodec.h"
+#include "sound/CSoundManager.h"
+#include "sound/FrameSounds.h"
 
 CApplication::CApplication(CWindow * window, const CXString & configName, const CXString & bigFileName,
                            CCommandLine6 * commandLine)
-    : window_(window), commandLine_(commandLine), animationManager_(std::make_unique<CAnimationManager>()) {
+    : window_(window),
+      commandLine_(commandLine),
+      animationManager_(std::make_unique<CAnimationManager>()),
+      soundManager_(std::make_unique<CSoundManager>()) {
+    framesounds::install();
     if (bigFileName.IsString()) CFile::openBigFile(bigFileName);
     window_->SetApplicationInterface(this);
     CSoundCodec::init_codecs();
@@ -29,11 +35,15 @@ CApplication::~CApplication() {
     resources_.reset();
     animationManager_.reset();
     CSoundCodec::done_codecs();
+    soundManager_.reset();
     CFile::closeBigFile();
     window_->SetApplicationInterface(nullptr);
 }
 
-void CApplication::stepMedia() { animationManager_->domodal(); }
+void CApplication::stepMedia() {
+    animationManager_->domodal();
+    soundManager_->domodal();
+}
 
 CXString CApplication::getWAVPath(const CXString & name) { return window_->GetSoundFXFullPath(name); }
 

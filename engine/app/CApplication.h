@@ -13,6 +13,7 @@ class CConfig;
 class CMC_Application;
 class CMC_StructureParser;
 class CResourcesManager;
+class CSoundManager;
 class CWindow;
 
 class CApplication : public CXObject {
@@ -42,6 +43,7 @@ public:
     CCommandLine6 * getCommandLine() { return commandLine_; }
     CConfig * GetConfigInterface() { return config_.get(); } // null without a settings file
     CAnimationManager * getAnimoManagerIfc() { return animationManager_.get(); }
+    CSoundManager * getSoundManagerIfc() { return soundManager_.get(); }
     CResourcesManager * getGeneralResourcesManager() { return resources_.get(); }
     CMC_Application * getMCApplicationIfc() { return mcApplication_.get(); }
 
@@ -52,6 +54,7 @@ private:
     CWindow * window_;
     CCommandLine6 * commandLine_;
     std::unique_ptr<CAnimationManager> animationManager_; // null while the application ends
+    std::unique_ptr<CSoundManager> soundManager_;         // the same
     std::unique_ptr<CConfig> config_;
     std::unique_ptr<CResourcesManager> resources_;
     std::unique_ptr<CMC_StructureParser> parser_;

@@ -2,6 +2,7 @@
 
 #include "app/CApplication.h"
 #include "app/CCommandLine6.h"
+#include "app/CMC_Scene.h"
 #include "app/CUnit6.h"
 #include "core/CXVersion.h"
 #include "files/CFile.h"
@@ -15,6 +16,8 @@
 #include "input/CMC_Mouse.h"
 #include "platform/World.h"
 #include "script/CMC_Object.h"
+#include "sound/CSound4.h"
+#include "sound/MusicPlayer.h"
 
 #include <algorithm>
 
@@ -68,13 +71,15 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
       size_(size),
       mainCursor_(cursor),
       windowMode_(commandLine->isWindowMode()),
-      collisions_(std::make_unique<CCollisionInspector>()) {
+      collisions_(std::make_unique<CCollisionInspector>()),
+      musicPlayer_(std::make_unique<MusicPlayer>(this)) {
     exePath = exe;
     rootPath = CFile::getCurrentDirectory();
     platform::world().random->seed(platform::world().clock->tickCount());
     theWindow = this;
     paused = false;
     language_->setWindow(this);
+    CSound4::CreateDirectSoundInterface(this);
     if (!windowMode_ && !cursorLock_) SetCursor(nullptr);
     timer_.add(kTrashTimer, CPublicTrash::kInterval, &publicTrash_);
     musicOn_ = commandLine_->isMusicEnabled();
@@ -94,6 +99,7 @@ CWindow::CWindow(HWND hwnd, CCommandLine6 * commandLine, CLanguageOSVer * langua
 
 CWindow::~CWindow() {
     pollThread_.reset();
+    musicPlayer_.reset();
     keyboard_.reset();
     dxMouse_.reset();
     CHotSpot::done();
@@ -145,6 +151,7 @@ void CWindow::Tick() {
         for (int i = 0; i < pollers_.size; i++) static_cast<CInputPoller *>(pollers_.at(i))->tick();
     timer_.domodal();
     if (application_) application_->stepMedia();
+    tellMusicLoops();
     collisions_->tick();
     std::unique_lock hold(pollLock_, std::defer_lock);
     if (pollThread_) hold.lock();
@@ -159,6 +166,25 @@ void CWindow::Tick() {
 }
 
 void CWindow::onPositionChanged(CGraphicsObject * object) { collisions_->onPositionChanged(object); }
+
+// The music began anew on the timer's thread; scripts hear of it here.
+void CWindow::tellMusicLoops() {
+    for (int i = musicPlayer_->takeLoops(); i > 0; i--) {
+        CUnit6 * unit = CMC_Scene::getDefUnit();
+        if (unit && unit->getScene()) unit->getScene()->onSignal("ONMUSICLOOPED");
+    }
+}
+
+void CWindow::StartMusic(const CXString & file, bool loop) {
+    if (soundOn_ && musicOn_) musicPlayer_->start(rootPath + file, loop);
+}
+
+void CWindow::StopMusic() { musicPlayer_->stop(); }
+bool CWindow::isMusicPlaying() { return musicPlayer_->isPlaying(); }
+void CWindow::setMusicVolume(int volume) { musicPlayer_->setVolume(volume); }
+int CWindow::getMusicVolume() { return musicPlayer_->getVolume(); }
+void CWindow::setMusicPan(int pan) { musicPlayer_->setPan(pan); }
+void CWindow::setMusicFreq(int hertz) { musicPlayer_->setFrequency(hertz); }
 
 void CWindow::OnCreate() { timer_.add(kOwnTimer, 1, this); }
 

@@ -31,6 +31,7 @@ class CLanguageOSVer;
 class CMC_Object;
 class CRefreshScreen;
 class CSurface;
+class MusicPlayer;
 
 using HCURSOR = void *; // a cursor image of the host; null for none
 
@@ -120,18 +121,18 @@ public:
     void enableMouse(bool on); // while it is off no mouse event gets through
     virtual void minimize() {}
 
-    // ---- music: the player comes with sound
+    // ---- music: its file is named from the root folder
     bool IsSoundOn() const { return soundOn_; }
     void SoundOn(bool on) { soundOn_ = on; }
     bool IsMusicOn() const { return musicOn_; }
     virtual void MusicOn(bool on) { musicOn_ = on; }
-    virtual void StartMusic(const CXString &, bool) {}
-    virtual void StopMusic() {}
-    virtual bool isMusicPlaying() { return false; }
-    virtual void setMusicVolume(int volume) { musicVolume_ = volume; }
-    virtual int getMusicVolume() { return musicVolume_; }
-    virtual void setMusicPan(int) {}
-    virtual void setMusicFreq(int) {}
+    virtual void StartMusic(const CXString & file, bool loop); // nothing while sound or music is off
+    virtual void StopMusic();
+    virtual bool isMusicPlaying();
+    virtual void setMusicVolume(int volume); // hundredths of a decibel, -10,000 to 0
+    virtual int getMusicVolume();
+    virtual void setMusicPan(int pan);    // -10,000 to 10,000
+    virtual void setMusicFreq(int hertz); // 0: the file's own
 
     // ---- the screen; all are null, and nothing happens, until the display is open
     virtual CSurface * GetSurface() { return surface_.get(); }
@@ -199,6 +200,7 @@ private:
     struct MouseEntry;
 
     void openLog();
+    void tellMusicLoops();
     int open(std::unique_ptr<CSurface> surface);
     bool hears(int flags) const { return flags == 0 && mouseEnabled_; }
     int hotSpots(int event, CXPoint point);
@@ -224,7 +226,6 @@ private:
     HCURSOR mainCursor_, activeCursor_ = nullptr, waitCursor_ = nullptr;
     bool activeCursorLocked_ = false;
     bool soundOn_ = true, musicOn_ = true;
-    int musicVolume_ = 0;
     bool windowMode_ = false;
     bool windowDragged_ = false;
     CXPoint catchPoint_;
@@ -233,6 +234,7 @@ private:
     std::unique_ptr<CDirectDrawSurface> ddSurface_;
     std::unique_ptr<CRefreshScreen> canvas_;
     std::unique_ptr<CCollisionInspector> collisions_; // never null
+    std::unique_ptr<MusicPlayer> musicPlayer_;        // the same
     CXTimer timer_;
     CPublicTrash publicTrash_;
     CXString soundFXPath_;

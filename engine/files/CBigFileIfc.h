@@ -10,6 +10,8 @@ class CFile;
 class CBigFileIfc : public CXObject {
 public:
     virtual int Seek(int offset, int whence) = 0;
+    virtual int Seek(const CXString & name) = 0;    // to a file's first byte; its offset, -1 without one
+    virtual int GetSize(const CXString & name) = 0; // bytes of that file
     virtual int Tell() = 0;
     virtual CFile * GetFile() = 0;
     virtual int FindFirst(const CXString & mask, platform::FindData & data) = 0;

@@ -37,6 +37,6 @@ CXString CollisionSignals::nameOf(CGraphicsObject * object) const {
 
 void CollisionSignals::raise(int index, const char * signal, CGraphicsObject * a, CGraphicsObject * b) {
     CGraphicsObject * own = watched();
-    if ((a != own && b != own) || !self_->isSignalBound(index)) return;
+    if ((a != own && b != own) || !self_->isSignalBound(index) || !life::Handle(self_).get()) return;
     self_->onQualifiedSignal(signal, [&] { return nameOf(a == own ? b : a); });
 }

@@ -23,6 +23,7 @@
 #include "script/CMC_Variable_Runner.h"
 #include "script/CMC_Vector_Runner.h"
 #include "script/Types.h"
+#include "sound/CMC_Sound_Runner.h"
 
 #include <initializer_list>
 #include <memory>
@@ -55,6 +56,7 @@ void CMC_RunnerFactory::initialize() {
     add<CMC_Behaviour_Runner>({types::kBehaviour});
     add<CMC_Rand_Runner>({types::kRandom});
     add<CMC_Timer_Runner>({types::kTimer});
+    add<CMC_Sound_Runner>({types::kSound});
     add<CMC_Vector_Runner>({types::kVector});
     add<CMC_Quene_Runner>({types::kFifo, types::kLifo});
     add<CMC_Groupped_Runner>({types::kGroup});

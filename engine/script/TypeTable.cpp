@@ -24,6 +24,9 @@
 #include "script/CMC_String.h"
 #include "script/CMC_Timer.h"
 #include "script/CMC_Vector.h"
+#include "script/CMElement.h"
+#include "sound/CMC_Sound.h"
+#include "sound/CSound4.h"
 
 #include <algorithm>
 
@@ -41,6 +44,14 @@ CMC_Object * create(CMC_ObjectsContainer * scope, const CXString & name) {
     return new Type(scope, name);
 }
 
+// One that a script asks for is on the screen, where a LOAD is to show it.
+template <class Type>
+CMC_Object * createPicture(CMC_ObjectsContainer * scope, const CXString & name) {
+    CMElement element(name);
+    element.addProperty("TOCANVAS", "TRUE");
+    return new Type(scope, &element);
+}
+
 template <class Type>
 constexpr TypeRow row(std::string_view word, int id, int pass) {
     return {word, id, pass, make<Type>, Type::kKeys, Type::kSignals};
@@ -56,6 +67,8 @@ CGraphicsObject * animationOf(CMC_Object * object, const CXString & frame) {
     return animo->getFrame(frame);
 }
 
+CPlayable * soundOf(CMC_Object * object) { return static_cast<CMC_Sound *>(object)->getSound(); }
+
 // The order of objects in a scope follows from the passes: what later constructors look up comes first.
 const TypeRow kRows[] = {
     row<CMC_Behaviour>("BEHAVIOUR", types::kBehaviour, 1),
@@ -68,8 +81,12 @@ const TypeRow kRows[] = {
     row<CMC_Expression>("EXPRESSION", types::kExpression, 3),
     row<CMC_Array>("ARRAY", types::kArray, 3),
     row<CMC_MultiArray>("MULTIARRAY", types::kMultiArray, 3),
-    {"IMAGE", types::kImage, 5, make<CMC_Image>, CMC_Image::kKeys, CMC_Image::kSignals, nullptr, pictureOf},
-    {"ANIMO", types::kAnimo, 5, make<CMC_Animo>, CMC_Animo::kKeys, CMC_Animo::kSignals, nullptr, animationOf},
+    {"IMAGE", types::kImage, 5, make<CMC_Image>, CMC_Image::kKeys, CMC_Image::kSignals, nullptr, pictureOf,
+     nullptr, createPicture<CMC_Image>},
+    {"ANIMO", types::kAnimo, 5, make<CMC_Animo>, CMC_Animo::kKeys, CMC_Animo::kSignals, nullptr, animationOf,
+     nullptr, createPicture<CMC_Animo>},
+    {"SOUND", types::kSound, 5, make<CMC_Sound>, CMC_Sound::kKeys, CMC_Sound::kSignals, nullptr, nullptr,
+     soundOf, create<CMC_Sound>},
     row<CMC_Vector>("VECTOR", types::kVector, 5),
     {"MOUSE", types::kMouse, 6, make<CMC_Mouse>, CMC_Mouse::kKeys, CMC_Mouse::kSignals,
      CMC_Mouse::mergesWith},

@@ -322,6 +322,8 @@ TEST_F(CFileData, FoldersAndSearches) {
 }
 
 struct Archive : CBigFileIfc {
+    int Seek(const CXString &) override { return -1; }
+    int GetSize(const CXString &) override { return 0; }
     int Seek(int, int) override { return 7; }
     int Tell() override { return 8; }
     CFile * GetFile() override { return &file; }
