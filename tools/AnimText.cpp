@@ -25,7 +25,7 @@ bool plain(std::string_view text) {
 }
 
 // A text of the file for this one: in quotes when it must be, and what has no character as \xHH.
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string out;
     bool isPlain = plain(text);
     for (char c : text) {
@@ -300,7 +300,7 @@ private:
                 return event.record.name == CXString(std::string_view(name));
             };
             if (std::any_of(events_.begin(), events_.end(), known)) continue;
-            Line line(name_, 1, "event " + quoted(name));
+            Line line(name_, 1, "event " + inQuotes(name));
             line.word("");
             takeEvent(line);
         }
@@ -359,15 +359,15 @@ std::string writeAnimText(const AnimText & anim) {
     if (file.flags) out += "flags " + hex(file.flags) + "\n";
     if (file.opacity != 255) out += "opacity " + number(file.opacity) + "\n";
     if (file.randomFrames) out += "random " + number(file.randomFrames) + "\n";
-    if (!file.author.empty()) out += "author " + quoted(file.author) + "\n";
-    if (!file.description.empty()) out += "description " + quoted(file.description) + "\n";
+    if (!file.author.empty()) out += "author " + inQuotes(file.author) + "\n";
+    if (!file.description.empty()) out += "description " + inQuotes(file.description) + "\n";
     out += "\n";
     for (const FrameLine & frame : anim.frames)
-        out += "frame " + quoted(frame.file) + at(frame.x, frame.y) + (frame.isEmpty ? " empty" : "") +
+        out += "frame " + inQuotes(frame.file) + at(frame.x, frame.y) + (frame.isEmpty ? " empty" : "") +
                (frame.keepsAlpha ? " alpha" : "") +
                (frame.compression.empty() ? "" : " compression " + frame.compression) + "\n";
     for (const _annEventInfo3 & event : file.events) {
-        out += "\nevent " + quoted(event.name.view()) + " fps " + number(event.fps);
+        out += "\nevent " + inQuotes(event.name.view()) + " fps " + number(event.fps);
         if (event.loopStart || event.loopEnd || event.loopCount)
             out += " loop " + number(event.loopStart) + " " + number(event.loopEnd) + " " +
                    number(event.loopCount);
@@ -376,11 +376,11 @@ std::string writeAnimText(const AnimText & anim) {
         out += "\n";
         for (std::size_t i = 0; i < event.frames.size(); i++) {
             const _anmFrameInfo3 & info = event.infos[i];
-            out += "show " + quoted(anim.frames[event.frames[i]].file) + at(info.x, info.y);
+            out += "show " + inQuotes(anim.frames[event.frames[i]].file) + at(info.x, info.y);
             if (info.opacity != 255) out += " opacity " + number(info.opacity);
-            if (info.name.IsString()) out += " name " + quoted(info.name.view());
-            if (info.soundName.IsString()) out += " sound " + quoted(info.soundName.view());
-            if (info.text.IsString()) out += " text " + quoted(info.text.view());
+            if (info.name.IsString()) out += " name " + inQuotes(info.name.view());
+            if (info.soundName.IsString()) out += " sound " + inQuotes(info.soundName.view());
+            if (info.text.IsString()) out += " text " + inQuotes(info.text.view());
             if (info.mark != -1) out += " mark " + number(info.mark);
             out += "\n";
         }

@@ -25,12 +25,12 @@ public:
     explicit Walk(CXVector * list) {
         if (list) copy_.assign(list->begin(), list->end());
     }
-    bool isThere(CHotSpot * hotSpot) const {
+    bool isThere(CXObject * hotSpot) const {
         return removals == removals_ || (pHSList && pHSList->contains(hotSpot));
     }
     CHotSpot * next() {
         while (i_ < copy_.size())
-            if (auto * each = static_cast<CHotSpot *>(copy_[i_++]); isThere(each)) return each;
+            if (CXObject * each = copy_[i_++]; isThere(each)) return static_cast<CHotSpot *>(each);
         return nullptr;
     }
 

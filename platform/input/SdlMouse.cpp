@@ -96,6 +96,9 @@ void SdlMouse::placed() {
     rect.w = to.edgeX(right_) - rect.x;
     rect.h = to.edgeY(bottom_) - rect.y;
     SDL_SetWindowMouseRect(display_.window(), clips_ ? &rect : nullptr);
+    if (!clips_) return;
+    int atX = std::clamp(x(), left_, right_ - 1), atY = std::clamp(y(), top_, bottom_ - 1);
+    if (atX != x() || atY != y()) moveTo(atX, atY); // SDL only keeps it from going out
 }
 
 } // namespace platform
