@@ -180,8 +180,10 @@ void CButton::setMCButton(CMC_Button * button) {
     hotSpot_->setMCButton(button);
 }
 
+CPlayable * CButton::getSound(_soundtype which) const { return button_ ? button_->getSound(which) : nullptr; }
+
 void CButton::play(_soundtype which) {
-    CPlayable * sound = button_ && !soundLocked_ ? button_->getSound(which) : nullptr;
+    CPlayable * sound = soundLocked_ ? nullptr : getSound(which);
     if (!sound || (playOnlyWhenSilent_ && sound->isPlaying())) return;
     sound->play();
 }
@@ -286,7 +288,7 @@ int CButton::OnFocusOn(CXPoint point) {
     show(false);
     play(kSoundOnMove);
     int taken = isOtherDragged() ? 0 : 1;
-    onFocusOn(point);
+    if (isThere()) onFocusOn(point); // a sound tells scripts too
     return taken;
 }
 
@@ -315,7 +317,7 @@ int CButton::OnClick(CXPoint point) {
     if (window_) window_->registerMouseListener(hand_.get(), kHandPriority);
     show(false);
     play(kSoundOnClick);
-    onClick(point);
+    if (isThere()) onClick(point);
     return 1;
 }
 

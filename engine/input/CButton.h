@@ -16,6 +16,7 @@
 class CGraphicsObject;
 class CHotSpot;
 class CMC_Button;
+class CPlayable;
 class CUnit6;
 
 class CButton : public CControl, public CInvalidateObserver {
@@ -46,6 +47,8 @@ public:
     void Freeze(bool on);                            // the pictures stay as they are
     CGraphicsObject * getPicture(Picture which) const { return pictures_[which]; } // null without
     void HideStandardWhileOnMove(bool on) { hideStandardOnMove_ = on; }
+    CPlayable * GetSOOnMove() const { return getSound(kSoundOnMove); } // null without
+    CPlayable * GetSOOnClick() const { return getSound(kSoundOnClick); }
     void LockSound(bool on) { soundLocked_ = on; }
     bool IsSoundLocked() const { return soundLocked_; }
     void SetPlaySoundOnlyWhenSilence(bool on) { playOnlyWhenSilent_ = on; }
@@ -86,6 +89,7 @@ private:
     void takeStandardAsRegion();
     void show(bool all); // else those alone that the new state shows or hides: scripts have hidden others
     void turnOff();
+    CPlayable * getSound(_soundtype which) const;
     void play(_soundtype which);
     bool isThere() const { return !button_ || owner_.get(); }
     bool isOtherDragged() const;
