@@ -277,6 +277,7 @@ bool CButton::isOtherDragged() const { return !drags_ && unit_ && unit_->isDragg
 
 int CButton::OnMouseMove(CXPoint point) {
     if (!isThere() || !IsEnabled()) return 0;
+    if (!std::exchange(inside_, true)) show(false); // it is back without the hot spot having lost it
     onMouseMove(point);
     if (isThere() && isToDrag()) drag(point);
     return isOtherDragged() ? 0 : 1;

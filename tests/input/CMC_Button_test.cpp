@@ -9,7 +9,9 @@
 #include "input/CHotSpot.h"
 #include "platform/input/ScriptedKeyboard.h"
 #include "support/InPlay.h"
+#include "support/Waves.h"
 
+#include <map>
 #include <sstream>
 #include <tuple>
 
@@ -114,6 +116,10 @@ TEST_F(Buttons, PicturesAndSignalsOfAClick) {
     EXPECT_EQ(up(19, 19), "B|RELEASED; B|ACTION; mouse-release");
     EXPECT_EQ(seen(12, 12), kRed);
     EXPECT_EQ(move(18, 19), "B|FOCUSON") << "letting go began anew";
+    EXPECT_EQ(play("d18,19 u50,50"), "B|CLICKED / B|RELEASED; mouse-release");
+    EXPECT_EQ(seen(12, 12), kRed) << "let go outside without a move";
+    EXPECT_EQ(move(18, 19), "");
+    EXPECT_EQ(seen(12, 12), kGreen);
     EXPECT_EQ(move(20, 19), "B|FOCUSOFF; mouse");
     EXPECT_EQ(seen(12, 12), kRed);
     EXPECT_EQ(up(12, 12), "mouse-release") << "it was pressed elsewhere";
@@ -374,6 +380,45 @@ TEST_F(Buttons, Accents) {
     EXPECT_FALSE(isVisible("S"));
     run("B^SYN();");
     EXPECT_TRUE(isVisible("S"));
+}
+
+// Each sound is heard once, at its moment, and tells scripts before the button does.
+TEST_F(Buttons, Sounds) {
+    constexpr int kFrames = 441; // 20 ms
+    auto sound = [&](const std::string & name, int level) {
+        put("Wavs/" + name + ".wav", test::wav(1, 22050, 16, test::words(std::vector<int>(kFrames, level))));
+        return name + " TYPE=SOUND\n" + name + " FILENAME=" + name + ".wav\n";
+    };
+    enter(sound("IDLE", 100) + sound("OVER", 200) + sound("PRESS", 300) +
+          "OVER ONSTARTED={@MSGBOX(\"over\");}\nPRESS ONSTARTED={@MSGBOX(\"press\");}\n"
+          "GO TYPE=BEHAVIOUR\nGO CODE={A^REMOVE(\"B\");@MSGBOX(\"gone\");}\n" +
+          button("B", "RECT=10,10,20,20\nSNDSTANDARD=IDLE\nSNDONMOVE=OVER\nSNDONCLICK=PRESS"));
+    ASSERT_TRUE(world().sound->record(folder() + "/out.wav"));
+    auto then = [&](const std::string & told) {
+        tick(4, 10);
+        return told;
+    };
+    EXPECT_EQ(then(move(12, 12)), "over; B|FOCUSON");
+    EXPECT_EQ(then(move(13, 12)), "");
+    EXPECT_EQ(then(down(13, 12)), "press; B|CLICKED");
+    EXPECT_EQ(then(up(13, 12)), "B|RELEASED; B|ACTION");
+    control("B").LockSound(true);
+    EXPECT_EQ(then(move(12, 12)), "B|FOCUSON");
+    EXPECT_EQ(then(down(12, 12)), "B|CLICKED");
+    play("m50,50 u50,50");
+    control("B").LockSound(false);
+    control("B").SetPlaySoundOnlyWhenSilence(true);
+    EXPECT_EQ(move(12, 12), "over; B|FOCUSON");
+    EXPECT_EQ(play("m50,50 m12,12"), "B|FOCUSOFF / B|FOCUSON") << "it plays still";
+    tick(4, 10);
+    run("A^REMOVE(\"OVER\");PRESS^ADDBEHAVIOUR(\"ONSTARTED\",\"GO\");");
+    EXPECT_EQ(play("m50,50 m12,12 d12,12 u12,12"), "B|FOCUSOFF / B|FOCUSON / gone / ");
+    tick(4, 10);
+    EXPECT_TRUE(world().sound->record(folder() + "/other.wav"));
+    std::map<int, int> frames;
+    for (const test::Frame & each : test::framesOf(get("out.wav"))) frames[each[0]]++;
+    frames.erase(0);
+    EXPECT_EQ(frames, (std::map<int, int>{{200, 2 * kFrames}, {300, 2 * kFrames}}));
 }
 
 // The unit takes a button's return code when it acts, or when its key word was typed.
