@@ -70,6 +70,11 @@ CImage::CImage(CWindow * window, CMElement * element) : CImage(window) {
 
 CImage & CImage::operator=(const CImage & other) = default;
 
+void CImage::takeAfter(CImage & other) {
+    Copy(&other);
+    if (other.isLoaded()) CFileResolver::load();
+}
+
 CGraphicsObject * CImage::clone() { return new CImage(*this); }
 
 int CImage::Load(const CXString & given, bool convert) {

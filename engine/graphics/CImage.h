@@ -25,6 +25,8 @@ public:
                      bool convert);  // 0 or the error code; convert: to the display's depth
     virtual int Load3(CFile * file); // the older layout, from the file's position
     virtual void flush();
+    // Copy of the other's planes, size and position; no file is read for them when this one is shown.
+    void takeAfter(CImage & other);
 
     int Load(const CXString & name) override { return Load(name, true); }
     int Load(CFile * file) override; // any layout of an open .img file, from its position

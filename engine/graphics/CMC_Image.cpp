@@ -72,7 +72,7 @@ bool CMC_Image::done(bool all) {
 CMC_Object * CMC_Image::clone() {
     // Planes of its own: the source may load another picture, or go.
     auto copy = std::make_unique<CImage>(window_);
-    copy->Copy(image_.get());
+    copy->takeAfter(*image_);
     copy->setFilename(image_->getFileName());
     copy->setAnchor(image_->getAnchor());
     copy->SetOpacity(image_->GetOpacity());
@@ -121,7 +121,7 @@ void CMC_Image::link(CMC_Image & other) {
     image_->Invalidate();
     CXRect clip = image_->GetClippingRect();
     bool isVisible = image_->isVisible(), isWatched = image_->getMonitorCollisionsFlag();
-    image_->Copy(&source);
+    image_->takeAfter(source);
     image_->setMonitorCollisions(isWatched);
     image_->SetClippingRect(clip);
     image_->Visible(isVisible);

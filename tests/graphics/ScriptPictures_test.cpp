@@ -111,7 +111,7 @@ TEST_F(ScriptPictures, LoadKeepsThePlace) {
 
 TEST_F(ScriptPictures, ClonesAndEndsOnTheScreen) {
     image("P");
-    run("P^CLONE(2);P_1^SETPOSITION(100,0);P_2^SETPOSITION(200,0);P_2^HIDE();");
+    run("P^CLONE(2);P_1^SETPOSITION(100,0);P_2^SETPOSITION(200,0);P_1^SHOW();P_2^HIDE();"); // reads no file
     EXPECT_EQ(seen(100, 0), 1);
     EXPECT_EQ(seen(200, 0), 0);
     drop("P_2");
