@@ -40,6 +40,10 @@ public:
     ~CMC_Animo() override;
 
     bool done(bool all) override;
+    bool verifyBehaviour(const CXString & signal) override {
+        monitorFor(signal);
+        return true;
+    }
     SignalList getBehavioursList() override { return kSignals; }
     CMC_Runner * getRunner() override;
     CMC_Object * clone() override; // sharing the pixels, at the animation's place on the screen

@@ -23,6 +23,10 @@ public:
     ~CMC_Image() override;
 
     bool done(bool all) override;
+    bool verifyBehaviour(const CXString & signal) override {
+        monitorFor(signal);
+        return true;
+    }
     SignalList getBehavioursList() override { return kSignals; }
     CMC_Runner * getRunner() override;
     CMC_Object * clone() override; // at the picture's place on the screen

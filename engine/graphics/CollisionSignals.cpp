@@ -18,6 +18,10 @@ void CollisionSignals::removeMonitorCollisions() {
         scene->removeMonitorCollisions(watched(), this);
 }
 
+void CollisionSignals::monitorFor(const CXString & signal) {
+    if (signal.view().starts_with("ONCOLLISION")) monitorCollisions(false);
+}
+
 void CollisionSignals::onCollision(CGraphicsObject * a, CGraphicsObject * b) {
     raise(index_, "ONCOLLISION", a, b);
 }

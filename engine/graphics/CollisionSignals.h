@@ -14,6 +14,8 @@ public:
     // The method and the keys; a second call changes nothing. alpha: as the inspector takes it.
     void monitorCollisions(bool alpha);
     void removeMonitorCollisions();
+    // Something is bound to the signal: what raises it is started.
+    void monitorFor(const CXString & signal);
 
     void onCollision(CGraphicsObject * a, CGraphicsObject * b) override;
     void onCollisionFinished(CGraphicsObject * a, CGraphicsObject * b) override;

@@ -165,8 +165,8 @@ TEST_F(Collisions, SignalsOfScripts) {
         return told();
     };
     tick();
-    EXPECT_EQ(moves("Q^SETPOSITION(2,0);"), ""); // not watched yet
-    EXPECT_EQ(moves("Q^MONITORCOLLISION(FALSE);Q^MOVE(0,0);"), "P, meets; Q, meets, P");
+    EXPECT_EQ(moves("Q^SETPOSITION(2,0);"), "P, meets; Q, meets, P"); // what listens is watched
+    EXPECT_EQ(moves("Q^MONITORCOLLISION(FALSE);Q^MOVE(0,0);"), "");
     EXPECT_EQ(moves("Q^SETPOSITION(4,0);"), "P, leaves, Q");
     // Clones of what is watched are watched, and carry its behaviours.
     EXPECT_EQ(moves("Q^CLONE(1);Q_1^SETPOSITION(0,1);"), "P, meets; Q_1, meets, P");
