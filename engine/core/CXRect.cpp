@@ -1,6 +1,7 @@
 #include "core/CXRect.h"
 
 #include "core/CXArray.h"
+#include "core/RectPieces.h"
 #include "graphics/CGraphicsObject.h"
 
 #include <algorithm>
@@ -28,23 +29,28 @@ void CXRect::addRect(CXArray * list, int l, int t, int r, int b) {
 // Above and below take the whole width, and what lies beside the common part comes between them. Where a
 // corner is cut off there is one band and one piece: the band comes first, and a cut corner on the right
 // leaves a band of the whole height.
-CXArray * CXRect::sub(const CXRect & other) const {
-    auto * pieces = new CXArray(5, 0.75F);
-    CXRect c = Common(other);
-    if (c.left >= c.right || c.top >= c.bottom) return pieces;
+RectPieces::RectPieces(const CXRect & rect, const CXRect & other) {
+    auto [left, top, right, bottom] = rect;
+    CXRect c = rect.Common(other);
+    if (c.left >= c.right || c.top >= c.bottom) return;
     bool cutsLeft = c.left == left, cutsTop = c.top == top, cutsRight = c.right == right,
          cutsBottom = c.bottom == bottom;
     if (cutsRight && !cutsLeft && cutsTop != cutsBottom) {
-        addRect(pieces, left, top, c.left, bottom);
-        addRect(pieces, c.left, top, right, c.top);
-        addRect(pieces, c.left, c.bottom, right, bottom);
-        return pieces;
+        add(left, top, c.left, bottom);
+        add(c.left, top, right, c.top);
+        add(c.left, c.bottom, right, bottom);
+        return;
     }
     bool bandBelow = cutsLeft && !cutsRight && cutsTop && !cutsBottom;
-    if (bandBelow) addRect(pieces, left, c.bottom, right, bottom);
-    addRect(pieces, left, top, right, c.top);
-    addRect(pieces, left, c.top, c.left, c.bottom);
-    addRect(pieces, c.right, c.top, right, c.bottom);
-    if (!bandBelow) addRect(pieces, left, c.bottom, right, bottom);
-    return pieces;
+    if (bandBelow) add(left, c.bottom, right, bottom);
+    add(left, top, right, c.top);
+    add(left, c.top, c.left, c.bottom);
+    add(c.right, c.top, right, c.bottom);
+    if (!bandBelow) add(left, c.bottom, right, bottom);
+}
+
+CXArray * CXRect::sub(const CXRect & other) const {
+    auto * list = new CXArray(5, 0.75F);
+    for (const CXRect & piece : RectPieces(*this, other)) list->add(new CXRect(piece));
+    return list;
 }

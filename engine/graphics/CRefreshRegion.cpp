@@ -1,6 +1,6 @@
 #include "graphics/CRefreshRegion.h"
 
-#include "core/CXArray.h"
+#include "core/RectPieces.h"
 
 void CRefreshRegion::removeAll() {
     rects_.clear();
@@ -32,13 +32,7 @@ void CRefreshRegion::addFrom(std::size_t i, CXRect rect) {
             continue;
         }
         if (rect.isInside(there)) return;
-        CXArray * pieces = rect.sub(there);
-        for (void * each : *pieces) {
-            auto * piece = static_cast<CXRect *>(each);
-            addFrom(i + 1, *piece);
-            delete piece;
-        }
-        delete pieces;
+        for (const CXRect & piece : RectPieces(rect, there)) addFrom(i + 1, piece);
         return;
     }
     fresh_.push_back(rect);

@@ -148,22 +148,24 @@ void CRefreshScreen::paint(CValidationElement & element, CDirectDrawSurface * on
         object->SetClippingRect(kept);
         return;
     }
-    if (region_.isWhole()) paintPart(element, onto, nullptr);
-    for (const CXRect & rect : region_.rects()) paintPart(element, onto, &rect);
+    CXRect box = object->GetBoundingBox();
+    if (region_.isWhole()) paintPart(element, onto, box);
+    for (const CXRect & rect : region_.rects()) {
+        CXRect part = rect.Common(box);
+        if (part.Width() > 0 && part.Height() > 0) paintPart(element, onto, part);
+        if (element.mark) return;
+    }
 }
 
-void CRefreshScreen::paintPart(CValidationElement & element, CDirectDrawSurface * onto, const CXRect * rect) {
-    if (element.mark) return;
+void CRefreshScreen::paintPart(CValidationElement & element, CDirectDrawSurface * onto, CXRect part) {
     CGraphicsObject * object = element.object;
-    CXRect box = object->GetBoundingBox(), part = rect ? rect->Common(box) : box;
-    if (rect && (part.Width() <= 0 || part.Height() <= 0)) return;
     object->SetDestiny(onto);
     CXRect own = object->GetClippingRect();
     bool clips = own.left != own.right && own.top != own.bottom;
     if (!clips) object->SetClippingRect(part + object->ClientCoords(CXPoint(0, 0)));
     object->Redraw();
     if (!clips) object->SetClippingRect(CXRect(0));
-    if (part.Width() == object->Width() && part.Height() == object->Height()) element.mark = true;
+    element.mark = part.Width() == object->Width() && part.Height() == object->Height();
 }
 
 // ---------------------------------------------------------------------------------------------- observers

@@ -81,7 +81,7 @@ public:
 
 private:
     void paint(CValidationElement & element, CDirectDrawSurface * onto);
-    void paintPart(CValidationElement & element, CDirectDrawSurface * onto, const CXRect * rect);
+    void paintPart(CValidationElement & element, CDirectDrawSurface * onto, CXRect part);
     CXRect screen() const { return {0, 0, width_, height_}; }
 
     CDirectDrawSurface * destination_ = nullptr; // not owned
