@@ -242,6 +242,7 @@ void CWindow::Redraw() {
             for (CXRect rect : region.rects()) surface_->Blt(ddSurface_.get(), rect.left, rect.top, &rect);
         region.removeAll();
     }
+    if (showsFps_ && surface_) surface_->ShowFPS(CXPoint(0, 0), ddSurface_.get());
     if (again) canvas_->Invalidate();
 }
 

@@ -153,6 +153,7 @@ public:
     CLanguageOSVer * getLangIfc() { return language_; }
     CCommandLine6 * getCommandLine() { return commandLine_; }
     CXSize GetScreenSize() const { return size_; }
+    void setShowsFps(bool on) { showsFps_ = on; } // frames a second, written over the picture
     CXTimer * getTimer() { return &timer_; }
     CPublicTrash * getPublicTrashInterface() { return &publicTrash_; }
     std::recursive_mutex & getCriticalSectionHandle() { return pollLock_; }
@@ -230,6 +231,7 @@ private:
     bool windowDragged_ = false;
     CXPoint catchPoint_;
     bool active_ = false;
+    bool showsFps_ = false;
     std::unique_ptr<CSurface> surface_;
     std::unique_ptr<CDirectDrawSurface> ddSurface_;
     std::unique_ptr<CRefreshScreen> canvas_;

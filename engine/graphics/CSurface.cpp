@@ -2,8 +2,10 @@
 
 #include "graphics/CDirectDrawSurface.h"
 #include "platform/World.h"
+#include "platform/display/PlainText.h"
 
 #include <algorithm>
+#include <string>
 
 std::uint32_t * CSurface::bpp_cnv_table = nullptr;
 
@@ -36,6 +38,28 @@ void CSurface::Blt(CDirectDrawSurface * source, int x, int y, CXRect * rect) {
 }
 
 void CSurface::Flip(CDirectDrawSurface * back) { Blt(back, 0, 0, nullptr); }
+
+namespace {
+
+constexpr int kFpsX = 10, kFpsY = 10;
+
+}
+
+void CSurface::ShowFPS(CXPoint, CDirectDrawSurface *) {
+    platform::Clock & clock = *platform::world().clock;
+    std::int64_t now = clock.counter();
+    frames_++;
+    if (now - second_ >= clock.counterFrequency()) {
+        perSecond_ = static_cast<unsigned long>(frames_);
+        frames_ = 0;
+        second_ = now;
+    }
+    ShowFPS(perSecond_);
+}
+
+void CSurface::ShowFPS(unsigned long frames) {
+    platform::drawText(*platform::world().display, kFpsX, kFpsY, "FPS: " + std::to_string(frames) + "   ");
+}
 
 void CSurface::prepareBppConversionTable(int depth) {
     if (depth < 24 || bpp_cnv_table) return;

@@ -28,6 +28,10 @@ public:
     void Blt(CDirectDrawSurface * source, int x, int y, CXRect * rect);
     void Flip(CDirectDrawSurface * back); // all of it
 
+    // Counts a frame, and writes over the picture how many the last whole second had.
+    void ShowFPS(CXPoint place, CDirectDrawSurface * surface);
+    void ShowFPS(unsigned long frames); // "FPS: 25   "
+
     // 65536 entries: a 16-bit pixel as 0x00RRGGBB, the low bits of each byte zero. Null until prepared.
     static std::uint32_t * bpp_cnv_table; // owned, made once
 
@@ -41,4 +45,7 @@ private:
     CXSize size_;
     int depth_;
     bool flipping_ = false;
+    int frames_ = 0;              // of the second that runs
+    unsigned long perSecond_ = 0; // of the one before
+    std::int64_t second_ = 0;     // when it began, of the clock's counter
 };

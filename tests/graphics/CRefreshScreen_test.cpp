@@ -150,7 +150,18 @@ TEST_F(Screen, OnlyWhatChangedIsShown) {
 }
 
 // On every tick of a random scene what is repainted in parts is what a full repaint shows.
-TEST_F(Screen, PartsEqualTheWhole) {
+class ScreenOfDepth : public Screen, public testing::WithParamInterface<int> {
+protected:
+    ScreenOfDepth() {
+        window().SetDisplayMode(0, 0, GetParam());
+        EXPECT_EQ(window().CreateSurface(nullptr), 0);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Both, ScreenOfDepth, testing::Values(15, 16));
+
+TEST_P(ScreenOfDepth, PartsEqualTheWhole) {
+    ASSERT_EQ(world().display->depth(), GetParam());
     std::mt19937 random(11);
     auto number = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     CGraphicsObject & ground = picture({70, 50}, 0, 0, 0);
@@ -164,7 +175,7 @@ TEST_F(Screen, PartsEqualTheWhole) {
         screen().put(&object, number(10));
     }
     auto & whole = *window().getDDSurface();
-    for (int tick = 0; tick < 40; tick++) {
+    for (int tick = 0; tick < 100; tick++) {
         for (auto & each : objects_) {
             if (each.get() == &ground || number(4)) continue;
             switch (number(4)) {
@@ -185,6 +196,30 @@ TEST_F(Screen, PartsEqualTheWhole) {
         ASSERT_TRUE(std::equal(parts.begin(), parts.end(), all)) << "tick " << tick;
         screen().getRegion().removeAll();
     }
+}
+
+TEST_F(Screen, FramesASecond) {
+    window().setShowsFps(true);
+    // How wide and how tall the letters on the picture stand.
+    auto ink = [&](int x) {
+        int dots = 0;
+        for (int py = 10; py < 18; py++)
+            for (int px = x; px < x + 6; px++) dots += shown(px, py) == 0;
+        return dots;
+    };
+    CColor green(0, 255, 0);
+    screen().SetBackground(&green);
+    frame();
+    EXPECT_EQ(shown(9, 10), 0x7E0);
+    EXPECT_EQ(shown(15, 10), 0xFFFF) << "black on white";
+    for (int i = 0; i < 7; i++) frame();
+    clock().advance(1000);
+    frame();
+    int eight = ink(10 + 5 * 6);
+    EXPECT_EQ(eight, 17) << "8 frames, or the dots of an 8";
+    EXPECT_EQ(ink(10 + 6 * 6), 0);
+    EXPECT_EQ(shown(10 + 9 * 6 - 1, 17), 0xFFFF) << "three blanks behind";
+    EXPECT_EQ(shown(10 + 9 * 6, 17), 0x7E0);
 }
 
 TEST_F(Screen, ObserversAndGray) {
