@@ -142,6 +142,21 @@ bool CWindow::domodal() {
     return over || quitFlag_;
 }
 
+namespace {
+
+// Over those that are listed now, each only while it still is: what is done may change the list.
+template <class List, class Act>
+void forEach(List & list, Act && act) {
+    std::vector items(list.begin(), list.end());
+    for (std::size_t i = 0; i < items.size(); i++) {
+        int place = static_cast<int>(i);
+        bool unmoved = place < list.size && list.at(place) == items[i];
+        if (unmoved || list.contains(items[i])) act(items[i]);
+    }
+}
+
+} // namespace
+
 // The order is part of what games see: the screen first, with what the last tick left, input last.
 void CWindow::Tick() {
     if (!active_) return;
@@ -155,14 +170,8 @@ void CWindow::Tick() {
     collisions_->tick();
     std::unique_lock hold(pollLock_, std::defer_lock);
     if (pollThread_) hold.lock();
-    CXArray pollers(std::max(pollers_.size * 2, 1), 0.75F);
-    pollers.add(&pollers_);
-    for (void * each : pollers)
-        if (pollers_.contains(each)) static_cast<CInputPoller *>(each)->flushSignals(true);
-    CXVector listeners(std::max(mcListeners_.size * 2, 1), 0.75F);
-    listeners.add(&mcListeners_);
-    for (CXObject * each : listeners)
-        if (mcListeners_.contains(each)) static_cast<CMC_Object *>(each)->flush();
+    forEach(pollers_, [](void * each) { static_cast<CInputPoller *>(each)->flushSignals(true); });
+    forEach(mcListeners_, [](CXObject * each) { static_cast<CMC_Object *>(each)->flush(); });
 }
 
 void CWindow::onPositionChanged(CGraphicsObject * object) { collisions_->onPositionChanged(object); }
