@@ -73,7 +73,7 @@ CMC_Expression::CMC_Expression(CMC_ObjectsContainer * scope, CMElement * element
     parse(nullptr);
 }
 
-CMC_Expression::~CMC_Expression() { CMC_Object::flush(value_); }
+CMC_Expression::~CMC_Expression() { keep(nullptr); }
 
 int CMC_Expression::resolveOp(const CXString & text) {
     if (text.getLength() == 1) return codeOf(text.GetAt(0));
@@ -188,7 +188,8 @@ CMC_Variable * CMC_Expression::combined() {
 
 // One value is kept at a time: a run inside this one may have kept another.
 void CMC_Expression::keep(CMC_Variable * value) {
-    CMC_Object::flush(value_);
+    if (clearings_ == CMC_VariableFactory::clearings()) CMC_Object::flush(value_); // else it is another's
+    clearings_ = CMC_VariableFactory::clearings();
     bool isPooled = value && value->getId() >= 0;
     value_ = isPooled ? value : nullptr;
     named_ = life::Handle(isPooled ? nullptr : value);

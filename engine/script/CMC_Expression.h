@@ -83,6 +83,7 @@ private:
     std::vector<std::unique_ptr<CMC_Behaviour_Entry>> entries_; // one for each, null for an empty text
     std::vector<int> operators_;                                // between them
     CMC_Variable * value_ = nullptr;                            // last result from the pool; owned
+    unsigned clearings_ = 0;                                    // of the pools, when it was kept
     life::Handle named_;                                        // last result that is a named value
     int evaluatingAt_ = -1; // how many behaviours ran when its evaluation began; -1 outside of one
 };

@@ -61,20 +61,29 @@ CMC_Object * CMC_ObjectsContainer::find(std::string_view name) {
 }
 
 CMC_Object * CMC_ObjectsContainer::getObject(std::string_view name) {
-    for (CMC_ObjectsContainer * scope = this; scope; scope = scope->parent_) {
+    if (name.ends_with("_0")) return getZeroth(name);
+    for (CMC_ObjectsContainer * scope = this; scope; scope = scope->parent_)
         if (CMC_Object * object = scope->find(name)) return object;
-        if (name.ends_with("_0"))
-            if (CMC_Object * object = scope->getObject(name.substr(0, name.size() - 2))) return object;
-    }
     return nullptr;
 }
 
 CMC_Object * CMC_ObjectsContainer::getObject(const names::Record & name) {
-    for (CMC_ObjectsContainer * scope = this; scope; scope = scope->parent_) {
+    if (name.base) return getZeroth(name.key.view());
+    for (CMC_ObjectsContainer * scope = this; scope; scope = scope->parent_)
         if (CXObject * object = scope->objectsHash_->get(&name.key)) return static_cast<CMC_Object *>(object);
-        if (name.base)
-            if (CMC_Object * object = scope->getObject(*name.base)) return object;
-    }
+    return nullptr;
+}
+
+// "X_0" is looked for here, then "X" here and outside, then "X_0" outside. "X" may end in "_0" as well, by
+// the same order; each name is looked for once in each scope.
+CMC_Object * CMC_ObjectsContainer::getZeroth(std::string_view name) {
+    std::size_t shortest = name.size();
+    while (name.substr(0, shortest).ends_with("_0")) shortest -= 2;
+    for (std::size_t length = name.size() + 2; length > shortest;)
+        if (CMC_Object * object = find(name.substr(0, length -= 2))) return object;
+    for (std::size_t length = shortest; length <= name.size(); length += 2)
+        for (CMC_ObjectsContainer * scope = parent_; scope; scope = scope->parent_)
+            if (CMC_Object * object = scope->find(name.substr(0, length))) return object;
     return nullptr;
 }
 

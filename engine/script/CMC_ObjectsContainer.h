@@ -66,6 +66,7 @@ public:
 
 private:
     CMC_Object * find(std::string_view name);
+    CMC_Object * getZeroth(std::string_view name);
 
     CStringHashCode * tempKey_; // one reused key for lookups
     CXVector * objects_;        // in order of creation

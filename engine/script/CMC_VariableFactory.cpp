@@ -48,6 +48,7 @@ template class ValuePool<CMC_Double>;
 template class ValuePool<CMC_Integer>;
 template class ValuePool<CMC_String>;
 
+unsigned CMC_VariableFactory::clearings_ = 0;
 ValuePool<CMC_Bool> CMC_VariableFactory::bools;
 ValuePool<CMC_Double> CMC_VariableFactory::doubles;
 ValuePool<CMC_Integer> CMC_VariableFactory::integers;
@@ -111,6 +112,7 @@ CMC_Variable * CMC_VariableFactory::netrestore(const void * buffer, int size) {
 }
 
 void CMC_VariableFactory::clearPool() {
+    clearings_++;
     bools.clear();
     doubles.clear();
     integers.clear();

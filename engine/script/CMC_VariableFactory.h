@@ -65,7 +65,9 @@ public:
     static CMC_Variable * restore(CXArchive * archive);
     static CMC_Variable * netrestore(const void * buffer, int size);
     static void clearPool(); // all entries are free
-    static int takenNo();    // entries taken now, of all types
+    // How often that was: who keeps an entry over it has lost it.
+    static unsigned clearings() { return clearings_; }
+    static int takenNo(); // entries taken now, of all types
 
 private:
     template <class Value, class Content>
@@ -75,6 +77,7 @@ private:
     }
     static CMC_Variable * alloc(int type); // by the type's number; null for a type that is no value's
 
+    static unsigned clearings_;
     static ValuePool<CMC_Bool> bools;
     static ValuePool<CMC_Double> doubles;
     static ValuePool<CMC_Integer> integers;

@@ -201,3 +201,20 @@ TEST_F(Expression, HugeTexts) {
 }
 
 } // namespace
+
+// All entries of the pools are free at each tick: what was kept over it belongs to whoever took it since.
+TEST_F(Expression, GivesBackOnlyWhatIsStillItsOwn) {
+    CMC_Expression expression(&scope(), "1+2");
+    expression.calculate();
+    CMC_Variable * kept = expression.getValue();
+    ASSERT_TRUE(kept);
+    CMC_VariableFactory::clearPool();
+    for (int i = 0; i < CMC_VariableFactory::kPoolSize && !kept->isTaken(); i++)
+        CMC_VariableFactory::integer(9);
+    ASSERT_TRUE(kept->isTaken());
+    int taken = CMC_VariableFactory::takenNo();
+    expression.calculate();
+    EXPECT_NE(expression.getValue(), kept);
+    EXPECT_EQ(CMC_VariableFactory::takenNo(), taken + 1);
+    CMC_VariableFactory::clearPool();
+}

@@ -37,6 +37,29 @@ TEST_F(Scope, NamesAreFoundThroughTheScopes) {
     EXPECT_EQ(scope().getObject("OUTER"), nullptr);
 }
 
+// Without the zeros the name is looked for here and outside, before the name with them is outside.
+TEST_F(Scope, NamesWithManyZeros) {
+    std::string deep = "A";
+    for (int i = 0; i < 60; i++) deep += "_0"; // each once in each scope, or this never ends
+    CMC_ObjectsContainer outer(&window(), nullptr, CXString("OUTER"), types::kEpisode);
+    scope().setParent(&outer);
+    EXPECT_EQ(scope().getObject(deep), nullptr);
+    // In the order in which they are found; each new one goes before the one that was added last.
+    CMC_Object * last = nullptr;
+    const std::pair<CMC_ObjectsContainer *, const char *> places[] = {{&outer, "A_0_0"}, {&outer, "A_0"},
+                                                                      {&outer, "A"},     {&scope(), "A"},
+                                                                      {&scope(), "A_0"}, {&scope(), "A_0_0"}};
+    for (auto [where, name] : places) {
+        auto * object = new CMC_Object(name, types::kRandom);
+        where->addObject(object);
+        EXPECT_EQ(scope().getObject("A_0_0"), object) << name;
+        EXPECT_NE(object, last);
+        last = object;
+    }
+    EXPECT_EQ(scope().getObject(deep), last);
+    scope().setParent(nullptr);
+}
+
 TEST_F(Scope, BindingsWithQualifiersAndOverriding) {
     load("OBJECT=H\nH:TYPE=BEHAVIOUR\nH:CODE={@MSGBOX(\"h\",$1);}\n"
          "OBJECT=A\nA:TYPE=INTEGER\nA:ONSIGNAL^GO=H(1, 2)\nA:ONBRUTALCHANGED={@MSGBOX(\"b\",A);}\n");
