@@ -58,7 +58,7 @@ constexpr int kHandPriority = CWindow::kCapturePriority + 1; // hears of the poi
 void appear(CGraphicsObject * picture) {
     if (auto * playable = dynamic_cast<CPlayable *>(picture))
         playable->show();
-    else
+    else if (picture)
         picture->Visible(true);
 }
 

@@ -33,7 +33,7 @@ public:
 
 private:
     struct Event {
-        int kind;
+        int kind = 0;
         CXPoint point;
     };
 

@@ -24,7 +24,7 @@ public:
 
 private:
     struct Entry {
-        CSound4 * sound; // null once it was removed
+        CSound4 * sound = nullptr; // null once it was removed
         bool playing = false, owned = false;
     };
     Entry * find(const CSound4 * sound);

@@ -46,7 +46,7 @@ void ClockedSound::Mix::catchUp() {
             for (SoundVoice * voice : voices) voice->advance(static_cast<std::size_t>(frames), {});
         return;
     }
-    std::array<std::int32_t, kChunk * 2> sums;
+    std::array<std::int32_t, kChunk * 2> sums{};
     while (frames > 0) {
         auto count = static_cast<std::size_t>(std::min<std::uint64_t>(frames, kChunk));
         std::span<std::int32_t> part(sums.data(), count * 2);

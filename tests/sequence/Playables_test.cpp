@@ -96,8 +96,8 @@ protected:
 } // namespace
 
 TEST_F(Playables, NotifiersAreToldInOrder) {
-    Tune tune("a");
     Ear x("x"), y("y", false), z("z");
+    Tune tune("a");
     EXPECT_TRUE(tune.notify(CPlayable::kStarted)); // nobody
     tune.setGenericNotifier(&z);
     tune.addNotifier(&x);
