@@ -38,12 +38,18 @@ endif()
 
 # tarnook_part(NAME): one room of the shared library, made of the .cpp files of this folder (and, for
 # the platform, of the folders below it). Rooms throw nothing.
+#
+# With CMAKE_UNITY_BUILD eight sources are compiled as one, which saves more than half of the time. Runners
+# stand alone: each names its functions after the script's words.
 function(tarnook_part name)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(NOT sources)
     return()
   endif()
   add_library(${name} OBJECT ${sources})
+  set(runners ${sources})
+  list(FILTER runners INCLUDE REGEX "_Runner\\.cpp$")
+  set_source_files_properties(${runners} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   tarnook_flags(${name})
   target_compile_options(${name} PRIVATE -fno-exceptions)
   if(TARNOOK_PCH)

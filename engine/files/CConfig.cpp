@@ -7,18 +7,16 @@
 
 namespace {
 
-platform::FileSystem & disk() { return *platform::world().files; }
-
 bool exists(const std::string & path) {
     platform::FindData data;
-    int handle = disk().findFirst(path, data);
-    if (handle != -1) disk().findClose(handle);
+    int handle = platform::world().files->findFirst(path, data);
+    if (handle != -1) platform::world().files->findClose(handle);
     return handle != -1;
 }
 
 // The bytes of the file, none for a missing one; nothing when they can't be had.
 std::optional<std::string> load(const std::string & path) {
-    auto file = disk().open(path, "rb");
+    auto file = platform::world().files->open(path, "rb");
     if (!file) return exists(path) ? std::nullopt : std::optional<std::string>(std::string());
     if (file->seek(0, SEEK_END) != 0) return {};
     std::int64_t length = file->tell();
@@ -31,9 +29,9 @@ std::optional<std::string> load(const std::string & path) {
 void store(const std::string & path, const std::string & text) {
     const std::string fresh = path + ".tmp";
     bool written = false;
-    if (auto file = disk().open(fresh, "wb"))
+    if (auto file = platform::world().files->open(fresh, "wb"))
         written = file->write(text.data(), text.size()) == text.size() && file->flush() == 0;
-    if (!written || !disk().replace(fresh, path)) disk().remove(fresh);
+    if (!written || !platform::world().files->replace(fresh, path)) platform::world().files->remove(fresh);
 }
 
 } // namespace

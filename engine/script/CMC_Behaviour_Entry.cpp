@@ -47,11 +47,6 @@ View blockCode(View text) {
     return text;
 }
 
-CMC_Runner * runnerOf(CMC_Object * object) {
-    CMC_Runner * runner = CMC_RunnerFactory::getRunner(object->getType());
-    return runner ? runner : object->getRunner();
-}
-
 // A block made into a behaviour of the scope.
 CMC_Behaviour * makeBlock(CMC_ObjectsContainer * scope, const char * prefix, View code) {
     static int counter = 0;
@@ -229,7 +224,7 @@ void CMC_Behaviour_Entry::parseCall(View text, Statements * statements) {
     CMC_Object * found = lookUpCall(objectName_.view(), statements);
     if (!found || found->isTemporary()) return;
     object_ = life::Handle(found);
-    runner_ = runnerOf(found);
+    runner_ = CMC_RunnerFactory::runnerOf(found);
     if (!runner_) return;
     methodId_ = runner_->resolveMethod(methodName_);
     row_ = runner_->rowOf(methodId_);
@@ -588,7 +583,7 @@ CMC_Object * CMC_Behaviour_Entry::callLate(CXVector & params) {
         meaning_.version = version;
         meaning_.scope = where;
         meaning_.object = where ? where->getObject(*meaning_.record) : nullptr;
-        CMC_Runner * runner = meaning_.object ? runnerOf(meaning_.object) : nullptr;
+        CMC_Runner * runner = meaning_.object ? CMC_RunnerFactory::runnerOf(meaning_.object) : nullptr;
         if (runner && runner != meaning_.runner)
             meaning_.row = runner->rowOf(runner->resolveMethod(methodName_));
         meaning_.runner = runner;
@@ -617,7 +612,7 @@ CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, C
     case Form::builtIn: return byName(behaviour_, runner_, methodName_);
     case Form::self: {
         CMC_Object * target = where && where->getType() == types::kClass ? where : self;
-        return target ? byName(target, runnerOf(target), methodName_) : missing("THIS");
+        return target ? byName(target, CMC_RunnerFactory::runnerOf(target), methodName_) : missing("THIS");
     }
     case Form::indirect: {
         CMC_Object * holder = expression_ ? expression_.get() : indirectTarget_.get();
@@ -626,7 +621,8 @@ CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, C
         CMC_Object * target = where && name.IsString() ? where->getObject(name) : nullptr;
         if (!target) return missing(name.IsString() ? name : objectName_);
         return byName(target,
-                      target->getType() >= types::kFirstModuleType ? target->getRunner() : runnerOf(target),
+                      target->getType() >= types::kFirstModuleType ? target->getRunner()
+                                                                   : CMC_RunnerFactory::runnerOf(target),
                       methodName_);
     }
     case Form::call: break;
@@ -637,9 +633,9 @@ CMC_Object * CMC_Behaviour_Entry::callFound(CMC_Object * self, CXArray * args, C
         CXString name = fillParams(objectName_, args);
         CMC_Object * target = lookUpCall(name.view(), nullptr);
         if (!target) return missing(name);
-        return byName(target, runnerOf(target), fillParams(methodName_, args));
+        return byName(target, CMC_RunnerFactory::runnerOf(target), fillParams(methodName_, args));
     }
     if (CMC_Object * bound = object_.get(); bound && runner_) return byName(bound, runner_, methodName_);
     CMC_Object * target = lookUpCall(objectName_.view(), nullptr);
-    return target ? byName(target, runnerOf(target), methodName_) : missing(objectName_);
+    return target ? byName(target, CMC_RunnerFactory::runnerOf(target), methodName_) : missing(objectName_);
 }

@@ -25,11 +25,6 @@ View cutAround(View text, char open, char close) {
     return text::trimBlanks(text);
 }
 
-CMC_Runner * runnerOf(CMC_Object * object) {
-    CMC_Runner * runner = CMC_RunnerFactory::getRunner(object->getType());
-    return runner ? runner : object->getRunner();
-}
-
 } // namespace
 
 CMC_Object * CMC_Behaviour::resolveParameter(CMC_ObjectsContainer * scope, CMC_Object * self,
@@ -112,7 +107,7 @@ CMC_Object * CMC_Behaviour::runLine(CMC_ObjectsContainer * scope, CMC_Object * s
             notes::add(notes::Kind::unknownObject, head.substr(0, caret));
             return nullptr;
         }
-        runner = runnerOf(target);
+        runner = CMC_RunnerFactory::runnerOf(target);
     }
     if (!runner) return nullptr;
 

@@ -14,11 +14,11 @@ const char * const CMC_Expression::kKeys[3] = {"OPERAND1", "OPERAND2", "OPERATOR
 
 namespace {
 
-constexpr std::string_view kSigns = "+-*@%"; // in the order of their codes
-constexpr const char * kWords[] = {"ADD", "SUB", "MUL", "DIV", "MOD"};
+constexpr std::string_view kOperatorSigns = "+-*@%"; // in the order of their codes
+constexpr const char * kOperatorWords[] = {"ADD", "SUB", "MUL", "DIV", "MOD"};
 
 int codeOf(char sign) {
-    std::size_t at = kSigns.find(sign);
+    std::size_t at = kOperatorSigns.find(sign);
     return at == std::string_view::npos ? op::kNone : static_cast<int>(at) + 1;
 }
 
@@ -77,8 +77,8 @@ CMC_Expression::~CMC_Expression() { keep(nullptr); }
 
 int CMC_Expression::resolveOp(const CXString & text) {
     if (text.getLength() == 1) return codeOf(text.GetAt(0));
-    for (std::size_t i = 0; i < std::size(kWords); i++)
-        if (text == kWords[i]) return static_cast<int>(i) + 1;
+    for (std::size_t i = 0; i < std::size(kOperatorWords); i++)
+        if (text == kOperatorWords[i]) return static_cast<int>(i) + 1;
     return op::kNone;
 }
 

@@ -16,6 +16,7 @@
 #include "script/CMC_Dummy_Runner.h"
 #include "script/CMC_Groupped_Runner.h"
 #include "script/CMC_MultiArray_Runner.h"
+#include "script/CMC_Object.h"
 #include "script/CMC_Quene_Runner.h"
 #include "script/CMC_Rand_Runner.h"
 #include "script/CMC_System_Runner.h"
@@ -83,4 +84,9 @@ void CMC_RunnerFactory::done() {
 CMC_Runner * CMC_RunnerFactory::getRunner(int type) {
     auto place = static_cast<std::size_t>(type);
     return type >= 0 && place < byType.size() ? byType[place] : nullptr;
+}
+
+CMC_Runner * CMC_RunnerFactory::runnerOf(CMC_Object * object) {
+    CMC_Runner * runner = getRunner(object->getType());
+    return runner ? runner : object->getRunner();
 }

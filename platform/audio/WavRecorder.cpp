@@ -18,7 +18,8 @@ std::unique_ptr<WavRecorder> WavRecorder::make(const std::string & file) {
     std::FILE * opened = std::fopen(file.c_str(), "wb");
     if (!opened) return nullptr;
     std::unique_ptr<WavRecorder> recorder(new WavRecorder(opened));
-    return recorder->putHead() ? std::move(recorder) : nullptr;
+    if (!recorder->putHead()) return nullptr;
+    return recorder;
 }
 
 WavRecorder::~WavRecorder() {
