@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <utility>
 
 template <class Value>
 void ValuePool<Value>::make() {
@@ -35,6 +36,7 @@ void ValuePool<Value>::grow() {
 
 template <class Value>
 void ValuePool<Value>::clear() {
+    if (!std::exchange(used_, false)) return;
     for (auto & each : items_) each->setTaken(false);
 }
 

@@ -28,6 +28,7 @@ public:
 private:
     Value * take() {
         items_[cursor_]->setTaken(true);
+        used_ = true;
         return items_[cursor_].get();
     }
     Value * search(); // from behind the cursor on; an exhausted pool grows
@@ -35,6 +36,7 @@ private:
 
     std::vector<std::unique_ptr<Value>> items_;
     std::size_t cursor_ = 0;
+    bool used_ = false; // since the last clearing: an idle tick needn't look at each
 };
 
 class CMC_VariableFactory {
