@@ -80,11 +80,11 @@ std::size_t decode(const unsigned char * bits, std::size_t bitsSize, int codes, 
     std::uint32_t code, literal;
     Place previous{0, 0};
     std::size_t out = 0;
-    while (--codes >= 0 && out < toSize && in.take(width, code)) {
+    for (; codes > 0 && out < toSize && in.take(width, code); codes--) { // a damaged count may be below 0
         if (code == kClear) {
             width = kNarrow;
             next = kFirst;
-            if (--codes < 0 || !in.take(width, literal) || literal > 255) break;
+            if (--codes == 0 || !in.take(width, literal) || literal > 255) break;
             previous = {static_cast<std::uint32_t>(out), 1};
             to[out++] = static_cast<unsigned char>(literal);
             continue;

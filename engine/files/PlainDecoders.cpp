@@ -71,11 +71,11 @@ std::size_t dictionary(const unsigned char * bits, std::size_t bitsSize, int cod
     Bits in(bits, bitsSize);
     unsigned width = 9, next = kFirst, previous = 0, code;
     std::size_t out = 0;
-    while (--codes >= 0 && out < toSize && in.take(width, code)) {
+    for (; codes > 0 && out < toSize && in.take(width, code); codes--) { // a damaged count may be below 0
         if (code == kClear) {
             width = 9;
             next = kFirst;
-            if (--codes < 0 || !in.take(width, previous) || previous > 255) break;
+            if (--codes == 0 || !in.take(width, previous) || previous > 255) break;
             to[out++] = static_cast<unsigned char>(previous);
             continue;
         }

@@ -7,6 +7,7 @@
 #include "files/LittleEndian.h"
 #include "files/PlainDecoders.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 #include <lzo/lzo1x.h>
 #include <memory>
@@ -305,6 +306,7 @@ TEST(CLZWCompression, HeadsThatMakeNoSense) {
     EXPECT_EQ(unpacked(numbers({4, 5, 900}) + bits).substr(0, 3), "aaa");
     EXPECT_EQ(unpacked(numbers({4, 4, 4}) + bits), "aaa\0"s);
     EXPECT_EQ(unpacked(numbers({4, 5, 3}) + bits), "aaa\0"s);
+    EXPECT_EQ(unpacked(numbers({0, 5, INT_MIN}) + bits), ""); // a count below zero
     for (const std::string & bad :
          {numbers({-4, 5, 4}) + bits, numbers({1 << 28, 5, 4}) + bits, numbers({4, -1, 4}) + bits,
           numbers({4, 5, -4}) + bits, good.substr(0, 11)})
