@@ -2,6 +2,7 @@
 
 #include "platform/World.h"
 #include "platform/audio/ClockedSound.h"
+#include "platform/audio/SdlSound.h"
 #include "platform/clock/SystemClock.h"
 #include "platform/clock/VirtualClock.h"
 #include "platform/debug/StderrDebugChannel.h"
@@ -78,7 +79,12 @@ std::unique_ptr<World> desktop(const Options & options) {
     world->mouse = std::move(mouse);
     world->keyboard = std::move(keyboard);
     world->joysticks = std::move(joysticks);
-    world->sound = std::make_unique<ClockedSound>(*world->clock, "silent, this build opens no sound device");
+    std::string reason;
+    world->sound = SdlSound::open(reason);
+    if (!world->sound) {
+        world->debugger->write("no sound, the game plays silently: " + reason + "\n");
+        world->sound = std::make_unique<ClockedSound>(*world->clock, "silent");
+    }
     return world;
 }
 

@@ -4,12 +4,12 @@
 // file. The mix is made when something is asked or changed, for the time since then; so every change is heard
 // from its own millisecond on.
 
-#include "platform/audio/SoundDevice.h"
+#include "platform/audio/SoundMix.h"
 #include "platform/clock/Clock.h"
 
 namespace platform {
 
-class ClockedSound : public SoundDevice {
+class ClockedSound : public MixingDevice {
 public:
     ClockedSound(Clock & clock, const char * name); // the clock outlives this
     ~ClockedSound() override;
@@ -17,8 +17,6 @@ public:
     ClockedSound & operator=(const ClockedSound &) = delete;
 
     const char * name() const override { return name_; }
-    bool setFormat(const SoundFormat & format) override;
-    std::unique_ptr<SoundBuffer> createBuffer(const SoundFormat & format, int bytes) override;
     bool record(const std::string & file) override;
 
     // All buffers are lost from now on, as when another program takes the device.
@@ -27,11 +25,11 @@ public:
     void setRestorable(bool on);
 
 private:
-    class Buffer;
     struct Mix;
+    ClockedSound(std::shared_ptr<Mix> mix, const char * name);
 
     const char * name_;
-    std::shared_ptr<Mix> mix_; // shared with the buffers
+    std::shared_ptr<Mix> mix_;
 };
 
 } // namespace platform

@@ -2,7 +2,6 @@
 
 #include "platform/audio/SoundVoice.h"
 
-#include <algorithm>
 #include <vector>
 
 namespace platform {
@@ -47,12 +46,12 @@ bool WavRecorder::putHead() {
     return std::fwrite(head.data(), 1, head.size(), file_) == head.size();
 }
 
-void WavRecorder::write(std::span<const std::int32_t> mix) {
+void WavRecorder::write(std::span<const std::int16_t> samples) {
     if (bytes_ > kFull) return;
     std::vector<unsigned char> out;
-    out.reserve(mix.size() * 2);
-    for (std::int32_t sum : mix) {
-        auto value = static_cast<std::uint32_t>(std::clamp(sum, -32768, 32767));
+    out.reserve(samples.size() * 2);
+    for (std::int16_t sample : samples) {
+        auto value = static_cast<std::uint16_t>(sample);
         out.push_back(static_cast<unsigned char>(value));
         out.push_back(static_cast<unsigned char>(value >> 8));
     }

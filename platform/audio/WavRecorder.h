@@ -17,8 +17,8 @@ public:
     WavRecorder(const WavRecorder &) = delete;
     WavRecorder & operator=(const WavRecorder &) = delete;
 
-    // Sums of samples, left and right in turn; what is too loud is cut. A file that is full takes no more.
-    void write(std::span<const std::int32_t> mix);
+    // Samples, left and right in turn. A file that is full takes no more.
+    void write(std::span<const std::int16_t> samples);
 
 private:
     explicit WavRecorder(std::FILE * file) : file_(file) {}
