@@ -119,8 +119,8 @@ TEST_F(Playables, NotifiersAreToldInOrder) {
 }
 
 TEST_F(Playables, PlayTakesTheParameter) {
-    Tune tune("a");
     Ear ear("x");
+    Tune tune("a");
     tune.addNotifier(&ear);
     tune.addEvent("1", "WALK");
     tune.setParameter("2", "RUN");
@@ -142,9 +142,9 @@ TEST_F(Playables, PlayTakesTheParameter) {
 }
 
 TEST_F(Playables, ASequencePlaysInOrder) {
+    Ear ear("x");
     Tune a("a"), b("b", false), c("c"), d("d");
     CSequencedPlayable sequence(nullptr);
-    Ear ear("x");
     sequence.addNotifier(&ear);
     for (Tune * tune : {&a, &b, &c, &d}) sequence.addChild(tune);
     sequence.setVolume(-7);
@@ -184,9 +184,9 @@ TEST_F(Playables, ASequencePlaysInOrder) {
 }
 
 TEST_F(Playables, ChildrenThatEndAtOnce) {
+    Ear ear("x");
     Tune a("a", true, true), b("b", false, true), c("c", true, true), d("d", false);
     CSequencedPlayable sequence(nullptr), empty(nullptr), open(nullptr);
-    Ear ear("x");
     for (CSequencedPlayable * each : {&sequence, &empty, &open}) each->addNotifier(&ear);
     for (Tune * tune : {&a, &b, &c}) sequence.addChild(tune);
     sequence.play("");
@@ -206,9 +206,9 @@ TEST_F(Playables, ChildrenThatEndAtOnce) {
 }
 
 TEST_F(Playables, OneAtRandomOrByParameter) {
+    Ear ear("x");
     Tune a("a"), b("b"), c("c");
     CSequencedPlayable sequence(nullptr);
-    Ear ear("x");
     sequence.addNotifier(&ear);
     for (Tune * tune : {&a, &b, &c}) sequence.addChild(tune);
     sequence.setMode(CSequencedPlayable::kRandom);
