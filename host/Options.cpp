@@ -85,6 +85,8 @@ int read(int argc, char ** argv, Options & options) {
         ->excludes(headless);
     app.add_option("--disc", options.disc, "folder of the machine to show as drive D:")
         ->check(CLI::ExistingDirectory);
+    app.add_flag("--check", options.check,
+                 "tell what is wrong in the game's definitions, leave: 1 when something is");
     app.add_flag("--describe", options.describe, "print every word of the script language, leave");
     try {
         app.parse(argc, argv);

@@ -28,11 +28,12 @@ struct Options {
     bool rawMouse = false;
     std::string disc;
     bool describe = false;
+    bool check = false;
     std::string game;       // folder, "." when none is given
     std::string engineText; // the engine's command line
 };
 
-enum ExitStatus { kEnded = 0, kWrongOption = 2, kNoApplication = 3, kNoDevice = 4 };
+enum ExitStatus { kEnded = 0, kFound = 1, kWrongOption = 2, kNoApplication = 3, kNoDevice = 4 };
 
 // Reads the arguments; the result is -1 to go on, else the exit status (after --help, --version or a mistake,
 // which is told on standard error in one line).
