@@ -13,7 +13,7 @@ namespace host {
 
 namespace {
 
-std::string lower(std::string text) {
+std::string lowered(std::string text) {
     for (char & c : text)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return text;
@@ -34,18 +34,16 @@ int checkGame(const Options & options) {
     platform::Installed installed(*world);
 
     std::vector<fs::path> found;
-    std::vector<std::string> media;
     bool hasApplication = false;
     for (const auto & part : fs::directory_iterator(game, error)) {
-        std::string folder = lower(part.path().filename().string());
-        if (!part.is_directory() || (folder != "dane" && folder != "common" && folder != "wavs")) continue;
+        std::string folder = lowered(part.path().filename().string());
+        if (!part.is_directory() || (folder != "dane" && folder != "common")) continue;
         for (const auto & each : fs::recursive_directory_iterator(part.path(), error)) {
-            if (!each.is_regular_file()) continue;
-            media.push_back(each.path().filename().string());
-            std::string name = lower(media.back());
-            bool isApplication = name == "application.def";
+            std::string name = lowered(each.path().filename().string());
+            bool isApplication = folder == "dane" && name == "application.def";
             hasApplication |= isApplication;
-            if (isApplication || name.ends_with(".cnv")) found.push_back(each.path());
+            bool defines = isApplication || name.ends_with(".cnv") || name.ends_with(".class");
+            if (defines && each.is_regular_file()) found.push_back(each.path());
         }
     }
     if (!hasApplication) {
@@ -57,7 +55,7 @@ int checkGame(const Options & options) {
     for (const fs::path & each : found)
         files.emplace_back(fs::relative(each, game, error).string(),
                            world->files->fromMachine(each.string()));
-    CheckResult result = check(files, media);
+    CheckResult result = check(world->files->fromMachine(game.string()), files);
     for (const std::string & line : result.findings) std::puts(line.c_str());
     if (!result.findings.empty()) return kFound;
     std::printf("%d files, %d objects, %d calls: nothing to tell\n", result.files, result.objects,

@@ -1,8 +1,10 @@
 #include "app/Check.h"
 
-#include "app/CheckText.h"
+#include "app/CWindow.h"
+#include "app/CheckCode.h"
+#include "app/CheckLines.h"
 #include "app/Describe.h"
-#include "files/CTextCoder.h"
+#include "files/CFile.h"
 
 #include <algorithm>
 #include <map>
@@ -11,18 +13,16 @@
 namespace {
 
 using Names = std::vector<std::string>;
-using View = std::string_view;
+using checkcode::Call;
+using checklines::Element;
+using checklines::Line;
+using checklines::Property;
 
-std::string upper(View text) {
-    std::string result(text);
-    for (char & c : result)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return result;
+bool listHolds(const Names & list, std::string_view word) {
+    return std::ranges::find(list, word) != list.end();
 }
 
-bool holds(const Names & list, View word) { return std::ranges::find(list, word) != list.end(); }
-
-Names split(View text, View separators) {
+Names splitWords(std::string_view text, std::string_view separators) {
     Names words;
     for (std::size_t at = 0; at < text.size();) {
         std::size_t end = std::min(text.find_first_of(separators, at), text.size());
@@ -38,244 +38,116 @@ struct Language {
     Names types, methods;
 
     Language() {
-        for (const std::string & line : split(describe(), "\n")) {
-            Names row = split(line, "\t");
+        for (const std::string & line : splitWords(describe(), "\n")) {
+            Names row = splitWords(line, "\t");
             words[row[0]][row[1]].push_back(row[2]);
             if (row[1] == "method") methods.push_back(row[2]);
         }
         for (const auto & [type, kinds] : words)
             if (type != "*" && type != "@") types.push_back(type);
     }
+    void addMethods(Names & to, const std::string & type) {
+        const Names & own = words[type]["method"];
+        to.insert(to.end(), own.begin(), own.end());
+    }
     Names methodsOf(const std::string & type) {
         Names all = words["*"]["method"];
-        auto add = [&](const char * each) {
-            all.insert(all.end(), words[each]["method"].begin(), words[each]["method"].end());
-        };
-        if (type == "EXPRESSION")
-            for (const char * value : {"BOOL", "DOUBLE", "INTEGER", "STRING"}) add(value);
-        add(type.c_str());
+        if (type == "EXPRESSION") // it answers by its value
+            for (const char * value : {"BOOL", "DOUBLE", "INTEGER", "STRING"}) addMethods(all, value);
+        addMethods(all, type);
         return all;
     }
 };
 
-// A logical line, and where in it its physical lines begin.
-struct Line {
-    std::string text;
-    std::vector<std::pair<std::size_t, int>> starts;
+// Where a statement or method takes code or a behaviour's name, by how many parameters there are.
+Names behavioursIn(const Call & call) {
+    auto pick = [&](std::initializer_list<std::size_t> places) {
+        Names result;
+        for (std::size_t i : places)
+            if (i < call.parameters.size()) result.push_back(call.parameters[i]);
+        return result;
+    };
+    if (call.method == "ADDBEHAVIOUR") return pick({1});
+    if (call.method == "RUNCLONES") return pick({3});
+    if (call.object != "@") return {};
+    if (call.method == "IF") return call.parameters.size() < 4 ? pick({1, 2}) : pick({3, 4});
+    if (call.method == "WHILE") return pick({3});
+    if (call.method == "LOOP") return pick({0});
+    if (call.method == "FOR") return pick({1});
+    return call.method == "RUNONTIMER" ? pick({2, 3}) : Names{};
+}
 
-    int number(std::size_t at) const {
-        int found = starts.front().second;
-        for (auto [start, line] : starts)
-            if (start <= at) found = line;
-        return found;
-    }
-};
+// The name that a call gives to an object it makes; empty for none.
+std::string madeBy(const Call & call) {
+    const Names & given = call.parameters;
+    if (call.method == "NEW" || (call.object == "@" && (call.method == "BOOL" || call.method == "DOUBLE" ||
+                                                        call.method == "INT" || call.method == "STRING")))
+        return given.empty() ? std::string() : given[0];
+    return call.object == "@" && call.method == "CREATE" && given.size() > 1 ? given[1] : std::string();
+}
 
-struct Property {
-    std::string key, value;
-    std::size_t at; // of the value in the line
-    Line line;
-};
+bool isMedia(const std::string & type) {
+    return type == "ANIMO" || type == "IMAGE" || type == "SOUND" || type == "MOVIE" || type == "SEQUENCE";
+}
 
-struct Element {
-    std::string file, name, type;
-    std::vector<Property> properties;
-};
+// Keys whose value names an object.
+bool namesObject(const Property & property) {
+    static const Names keys = {"GFXSTANDARD", "GFXONMOVE",  "GFXONCLICK", "SNDSTANDARD",
+                               "SNDONMOVE",   "SNDONCLICK", "CONDITION1", "CONDITION2",
+                               "CONDITION",   "RECT",       "DRAG"};
+    if (!listHolds(keys, property.key) || property.value.empty()) return false;
+    return property.value.find_first_not_of("0123456789,- ") != std::string::npos;
+}
 
-class Checker {
+class GameChecker {
 public:
-    Checker(CheckResult & result, const Names & media) : result_(result) {
-        for (const std::string & each : media) media_.insert(upper(each));
+    GameChecker(const std::string & root, CheckResult & result) : root_(root), result_(result) {
         for (const char * each : {"RANDOM", "SYSTEM", "CNVLOADER"}) typesOf_[each].insert(each);
+        for (const char * each : {"THIS", "_I_", "__RETURN__"}) made_.insert(each);
+        CWindow::rootPath = CXString(root + "\\");
+        CWindow::setCDPath(CWindow::rootPath);
     }
 
     void read(const std::string & name, const std::string & path) {
-        CTextCoder coder(nullptr, CXString(path), false);
-        if (coder.LastError()) {
+        checklines::File file = checklines::read(name, path);
+        if (!file.opened) {
             result_.findings.push_back(name + ":1: the file can't be read");
             return;
         }
         result_.files++;
-        int number = 0;
-        while (!coder._eof()) {
-            Line line;
-            for (bool more = true; more;) {
-                std::string text(coder.nextLine());
-                number++;
-                more = text.find('/') != std::string::npos && !coder._eof();
-                std::erase_if(text, [](char c) { return c == '\t' || c == '/' || c == '\n'; });
-                if (line.text.empty()) text.erase(0, text.find_first_not_of(' '));
-                line.starts.emplace_back(line.text.size(), number);
-                line.text += text;
-                while (line.text.ends_with(' ')) line.text.pop_back();
-            }
-            if (line.text.starts_with('!')) return; // the rest is no definition
-            if (!line.text.empty() && !line.text.starts_with('#')) statement(name, line);
-        }
+        for (Element & each : file.elements) elements_.push_back(std::move(each));
+        for (checklines::Fault & each : file.faults) faults_.emplace_back(name, std::move(each));
     }
 
     void check() {
-        for (const Element & each : elements_) typesOf_[each.name].insert(each.type);
-        for (const Element & each : elements_)
+        for (Element & each : elements_) {
+            result_.objects += each.declared;
+            if (each.type.empty()) mendType(each);
+            typesOf_[each.name].insert(each.type);
+            if (each.declared) names_.push_back(each.name);
+            if (each.type == "APPLICATION" && each.name == "DEMO")
+                typesOf_["GAME"].insert(each.type); // renamed
+            folders_.insert(each.folder);
             for (const Property & property : each.properties)
-                for (const std::string & text : checktext::scan(property.value).texts) texts_.insert(text);
-        for (const auto & [name, types] : typesOf_) names_.push_back(name);
+                for (const Call & call : codeOf(property).calls) learn(madeBy(call));
+        }
+        for (const auto & [file, fault] : faults_) {
+            std::string near = checkcode::closest(fault.object, names_);
+            report(file, fault.line, 0, fault.object, fault.what + hint(fault.object, near), fault.line.text);
+        }
         for (const Element & each : elements_) checkElement(each);
+        for (auto & [place, text] : told_) result_.findings.push_back(std::move(text));
     }
 
 private:
-    void statement(const std::string & file, const Line & line) {
-        std::size_t end = line.text.find_first_of(":=");
-        std::string first = line.text.substr(0, end);
-        std::size_t from = line.text.find_first_not_of(":=", end);
-        std::string rest = from == std::string::npos ? std::string() : line.text.substr(from);
-        if (first == "DEF") return define(file, line);
-        if (first == "OBJECT" || first == "IMPORT") {
-            std::string name = rest.substr(0, rest.find_first_of(":="));
-            if (find(file, name)) return;
-            elements_.push_back({file, name, first == "IMPORT" ? "SEQUENCE" : "", {}});
-            result_.objects++;
-            return;
-        }
-        Element * element = find(file, first);
-        if (!element) {
-            report(file, line, 0, first, "no OBJECT of this name is above", line.text);
-            return;
-        }
-        std::size_t keyEnd = rest.find_first_of(":=");
-        std::string key = rest.substr(0, keyEnd);
-        std::size_t at =
-            keyEnd == std::string::npos ? keyEnd : line.text.find_first_not_of(":=", from + keyEnd);
-        add(*element, {key, at == std::string::npos ? std::string() : line.text.substr(at),
-                       at == std::string::npos ? 0 : at, line});
-    }
+    // --- what there is
 
-    void define(const std::string & file, const Line & line) {
-        std::size_t open = line.text.find('('), close = line.text.rfind(')');
-        if (open == std::string::npos || close == std::string::npos || close < open || open < 4) {
-            report(file, line, 0, "DEF", "brackets are missing round the keys", line.text);
-            return;
-        }
-        elements_.push_back({file, line.text.substr(4, open - 4), "", {}});
-        result_.objects++;
-        for (const std::string & item : split(View(line.text).substr(open + 1, close - open - 1), "|")) {
-            std::size_t equals = item.find('=');
-            auto trim = [](std::string text) {
-                text.erase(0, text.find_first_not_of(' '));
-                while (text.ends_with(' ')) text.pop_back();
-                return text;
-            };
-            add(elements_.back(),
-                {trim(item.substr(0, equals)),
-                 equals == std::string::npos ? "" : trim(item.substr(equals + 1)), 0, line});
-        }
-    }
-
-    Element * find(const std::string & file, const std::string & name) {
-        for (std::size_t i = elements_.size(); i-- > 0 && elements_[i].file == file;)
-            if (elements_[i].name == name) return &elements_[i];
-        return nullptr;
-    }
-
-    static void add(Element & element, Property property) {
-        if (property.key == "TYPE" && element.type.empty()) element.type = property.value;
-        element.properties.push_back(std::move(property));
-    }
-
-    void checkElement(const Element & element) {
-        std::string type = element.type;
-        if (type.empty())
-            for (const std::string & each : typesOf_[element.name])
-                if (!each.empty()) type = each; // a scene's own keys in its own file
-        bool known = holds(language_.types, type);
-        if (!known && !element.properties.empty()) {
-            const Property & first = element.properties.front();
-            for (const Property & each : element.properties)
-                if (each.key == "TYPE")
-                    reportWord(element, each, 0, "unknown type " + each.value, each.value, language_.types);
-            if (type.empty())
-                report(element.file, first.line, 0, element.name, "the object has no TYPE", first.line.text);
-        }
-        for (const Property & each : element.properties) {
-            if (known) checkKey(element, each, type);
-            checkValue(element, each);
-        }
-    }
-
-    void checkKey(const Element & element, const Property & property, const std::string & type) {
-        std::string key = property.key.substr(0, property.key.find('^'));
-        if (key == "TYPE" || key == "ADD" || key == "APPLY") return;
-        Names known = language_.words[type]["key"];
-        const Names & raised = language_.words[type]["signal"];
-        known.insert(known.end(), raised.begin(), raised.end());
-        if (holds(known, key) || key == "ONSIGNAL" || key == "ONINIT" || key == "ONDONE") return;
-        const char * what = key.starts_with("ON") ? "raises no signal " : "reads no key ";
-        reportWord(element, property, 0, type + " " + what + key, key, known);
-    }
-
-    void checkValue(const Element & element, const Property & property) {
-        if (property.key == "FILENAME" || property.key == "BACKGROUND" || property.key == "MUSIC")
-            checkFile(element, property);
-        if (property.key == "SCENES" || property.key == "EPISODES" || property.key == "STARTWITH")
-            for (const std::string & each : split(property.value, ", "))
-                if (!typesOf_.contains(each))
-                    reportWord(element, property, 0, "no scene or episode " + each, each, names_);
-        if (property.value.find('{') == std::string::npos && !property.key.starts_with("ON")) return;
-        checktext::Code code = checktext::scan(property.value);
-        for (const checktext::Fault & each : code.faults)
-            report(element.file, property.line, property.at + each.at, element.name, each.what,
-                   around(property.value, each.at));
-        for (const checktext::Call & each : code.calls) checkCall(element, property, each);
-        if (property.key.starts_with("ON") && !property.value.starts_with('{')) {
-            std::string handler = property.value.substr(0, property.value.find('('));
-            if (!handler.empty() && !isObject(handler))
-                reportWord(element, property, property.at, "no behaviour " + handler, handler, names_);
-        }
-    }
-
-    void checkFile(const Element & element, const Property & property) {
-        const std::string & value = property.value;
-        if (value.empty() || value.find_first_of("*\"") != std::string::npos ||
-            value.rfind('$') != value.find('$'))
-            return;
-        std::size_t slash = value.rfind('\\');
-        std::string name = upper(slash == std::string::npos ? value : value.substr(slash + 1));
-        if (name.find('.') == std::string::npos || media_.contains(name)) return;
-        report(element.file, property.line, 0, element.name, "no file " + value, property.line.text);
-    }
-
-    void checkCall(const Element & element, const Property & property, const checktext::Call & call) {
-        result_.calls++;
-        std::size_t at = property.at + call.at;
-        if (call.method.find('$') != std::string::npos) return;
-        if (call.object == "@") {
-            Names known;
-            for (const std::string & each : language_.words["@"]["statement"])
-                known.push_back(each.starts_with('@') ? each.substr(1) : each);
-            if (!holds(known, call.method))
-                reportWord(element, property, at, "unknown statement @" + call.method, call.method, known);
-            return;
-        }
-        if (call.object.find_first_of("$|.") != std::string::npos) return;
-        Names methods;
-        auto found = typesOf_.find(base(call.object));
-        bool any = call.object.empty() || call.object == "THIS" || found == typesOf_.end();
-        if (found == typesOf_.end() && !any) return;
-        if (any && !call.object.empty() && !isObject(call.object)) {
-            reportWord(element, property, at, "no object " + call.object, call.object, names_);
-            return;
-        }
-        if (any)
-            methods = language_.methods;
-        else
-            for (const std::string & type : found->second) {
-                if (!type.empty() && !holds(language_.types, type)) return; // told where it's defined
-                Names more = language_.methodsOf(type);
-                methods.insert(methods.end(), more.begin(), more.end());
-            }
-        if (!holds(methods, call.method))
-            reportWord(element, property, at, "no method " + call.method + (any ? "" : " of " + call.object),
-                       call.method, methods);
+    void learn(const std::string & parameter) {
+        std::string name = checkcode::nameIn(parameter);
+        if (!name.empty())
+            made_.insert(name);
+        else if (!parameter.empty())
+            anyName_ = true; // put together at run time
     }
 
     // Without a clone's number.
@@ -286,47 +158,237 @@ private:
     }
 
     bool isObject(const std::string & name) const {
-        return name == "THIS" || name.find_first_of("$|*[") != std::string::npos ||
-               typesOf_.contains(base(name)) || texts_.contains(name);
+        return anyName_ || !checkcode::isName(name) || typesOf_.contains(base(name)) || made_.contains(name);
     }
+
+    static bool holdsCode(const Property & property) {
+        return property.key == "CODE" || property.value.find_first_of("{}") != std::string::npos;
+    }
+
+    // Its places count from the value's beginning.
+    static checkcode::Code codeOf(const Property & property) {
+        if (!holdsCode(property)) return {};
+        if (property.key != "CODE" || property.value.starts_with('{')) return checkcode::scan(property.value);
+        checkcode::Code code = checkcode::scan("{" + property.value + "}"); // outer braces may be left out
+        auto back = [](std::size_t & at) { at -= at > 0; };
+        for (Call & each : code.calls) back(each.at);
+        for (checkcode::Place & each : code.operands) back(each.at);
+        for (checkcode::Place & each : code.fault) back(each.at);
+        return code;
+    }
+
+    static bool opens(const std::string & folder, const std::string & name) {
+        if (CFile::chDir(CXString(folder)) != 0) return false;
+        return CFile(nullptr, CXString(name), CFile::kRead | CFile::kBinary).LastError() == 0;
+    }
+
+    // As the engine finds it: below the folder of the scene that reads the definition.
+    bool finds(const Element & element, const std::string & name) const {
+        if (name.find_first_of("*\"[") != std::string::npos || name.rfind('$') != name.find('$')) return true;
+        if (opens(element.folder, name) || opens(root_ + "\\WAVS", name) || opens(root_, name)) return true;
+        std::string file = element.file.substr(element.file.find_last_of('/') + 1);
+        std::string stem = file.substr(0, file.rfind('.'));
+        auto owner = typesOf_.find(stem);
+        bool sceneOwn = owner != typesOf_.end() && owner->second.contains("SCENE");
+        if (sceneOwn) return false;
+        return std::ranges::any_of(folders_, [&](const std::string & each) { return opens(each, name); });
+    }
+
+    // --- elements and keys
+
+    // A misspelt TYPE is told here, once, not at all that would follow from it.
+    void mendType(Element & element) {
+        for (Property & each : element.properties)
+            if (checkcode::closest(each.key, {"TYPE"}) == "TYPE" && listHolds(language_.types, each.value)) {
+                reportWord(element, each, 0, "no type reads " + each.key, each.key, {"TYPE"});
+                each.key = "TYPE";
+                element.type = each.value;
+                return;
+            }
+    }
+
+    void checkElement(const Element & element) {
+        std::string type = element.type;
+        if (type.empty())
+            for (const std::string & each : typesOf_[element.name])
+                if (!each.empty()) type = each; // a scene's own keys in its own file
+        bool known = listHolds(language_.types, type);
+        auto named = std::ranges::find(element.properties, "TYPE", &Property::key);
+        if (!known && named != element.properties.end())
+            reportWord(element, *named, 0, "unknown type " + type, type, language_.types);
+        if (type.empty() && element.declared && !element.properties.empty() &&
+            named == element.properties.end())
+            report(element.file, element.line, 0, element.name, "the object has no TYPE", element.line.text);
+        for (const Property & each : element.properties) {
+            if (known) checkKey(element, each, type);
+            checkValue(element, each, type);
+        }
+    }
+
+    void checkKey(const Element & element, const Property & property, const std::string & type) {
+        std::string key = property.key.substr(0, property.key.find('^'));
+        if (key == "TYPE" || key == "ADD" || key == "APPLY") return;
+        Names known = language_.words[type]["key"];
+        const Names & raised = language_.words[type]["signal"];
+        known.insert(known.end(), raised.begin(), raised.end());
+        if (listHolds(known, key) || key == "ONSIGNAL" || key == "ONINIT" || key == "ONDONE") return;
+        const char * what = key.starts_with("ON") ? "raises no signal " : "reads no key ";
+        reportWord(element, property, 0, type + " " + what + key, key, known);
+    }
+
+    void checkValue(const Element & element, const Property & property, const std::string & type) {
+        const std::string & key = property.key;
+        if ((key == "FILENAME" && isMedia(type)) || key == "BACKGROUND" || key == "MUSIC" || key == "PATH")
+            checkFile(element, property);
+        if (key == "SCENES" || key == "EPISODES" || key == "STARTWITH")
+            for (const std::string & each : splitWords(property.value, ", "))
+                if (!isObject(each))
+                    reportWord(element, property, 0, "no scene or episode " + each, each, names_);
+        if (namesObject(property) && !isObject(property.value))
+            reportWord(element, property, 0, "no object " + property.value, property.value, names_);
+        checkcode::Code code = codeOf(property);
+        for (const checkcode::Place & each : code.fault)
+            report(element.file, property.line, property.at + each.at, element.name, each.text,
+                   around(property.value, each.at));
+        for (const Call & each : code.calls) checkCall(element, property, each);
+        for (const checkcode::Place & each : code.operands)
+            if (!isObject(each.text) && each.text != "TRUE" && each.text != "FALSE")
+                reportWord(element, property, property.at + each.at, "no object " + each.text, each.text,
+                           names_);
+        if (key.starts_with("ON") && !holdsCode(property)) {
+            std::string handler = property.value.substr(0, property.value.find('('));
+            if (!handler.empty() && (!checkcode::isName(handler) || !isObject(handler)))
+                reportWord(element, property, 0, "no behaviour " + handler, handler, names_);
+        }
+    }
+
+    void checkFile(const Element & element, const Property & property) {
+        const std::string & value = property.value;
+        if (value.empty()) return;
+        std::string path;
+        for (const Property & each : element.properties)
+            if (each.key == "PATH") path = each.value;
+        std::string folder = root_ + "\\Dane" + (path.empty() ? "" : "\\" + path);
+        if (property.key == "PATH") {
+            if (CFile::chDir(CXString(folder)) != 0) reportFile(element, property, 0, "no folder " + value);
+        } else if (!finds(element, value) && (property.key == "FILENAME" || !opens(folder, value)))
+            reportFile(element, property, 0, "no file " + value);
+    }
+
+    // --- code
+
+    void checkCall(const Element & element, const Property & property, const Call & call) {
+        result_.calls++;
+        std::size_t at = property.at + call.at;
+        for (const std::string & each : behavioursIn(call))
+            if (std::string name = checkcode::nameIn(each); !name.empty() && !isObject(name))
+                reportWord(element, property, at, "no behaviour " + name, name, names_);
+        if (call.object == "@")
+            checkStatement(element, property, at, call);
+        else
+            checkMethod(element, property, at, call);
+    }
+
+    void checkStatement(const Element & element, const Property & property, std::size_t at,
+                        const Call & call) {
+        if (call.method == "IF" && call.parameters.size() == 3) checkConditions(element, property, at, call);
+        const Names & known = language_.words["@"]["statement"];
+        if (listHolds(known, call.method) || listHolds(known, "@" + call.method)) return;
+        reportWord(element, property, at, "unknown statement @" + call.method, call.method, known);
+    }
+
+    // "A'1&&B'2": what stands left of a comparison names an object.
+    void checkConditions(const Element & element, const Property & property, std::size_t at,
+                         const Call & call) {
+        for (const std::string & each : splitWords(call.parameters[0], "&|\"")) {
+            std::string left = each.substr(0, each.find_first_of("'<>!?"));
+            bool number = left.find_first_not_of("0123456789.-") == std::string::npos;
+            if (left.size() < each.size() && !number && checkcode::isName(left) && !isObject(left))
+                reportWord(element, property, at, "no object " + left, left, names_);
+        }
+    }
+
+    void checkMethod(const Element & element, const Property & property, std::size_t at, const Call & call) {
+        if (call.method.find('$') != std::string::npos) return;
+        if (!call.object.empty() && !isObject(call.object)) {
+            reportWord(element, property, at, "no object " + call.object, call.object, names_);
+            return;
+        }
+        auto found = call.indirect ? typesOf_.end() : typesOf_.find(base(call.object));
+        bool any = found == typesOf_.end();
+        Names methods = any ? language_.methods : Names{};
+        if (!any)
+            for (const std::string & type : found->second) {
+                if (!type.empty() && !listHolds(language_.types, type)) return; // told where it's defined
+                Names more = language_.methodsOf(type);
+                methods.insert(methods.end(), more.begin(), more.end());
+            }
+        if (!listHolds(methods, call.method)) {
+            std::string what = "no method " + call.method + (any ? "" : " of " + call.object);
+            reportWord(element, property, at, what, call.method, methods);
+            return;
+        }
+        if (any || call.parameters.empty()) return;
+        std::string given = checkcode::nameIn(call.parameters[0]);
+        if (call.method == "GOTO" && call.parameters[0].starts_with('"') && !given.empty() &&
+            !isObject(given))
+            reportWord(element, property, at, "no scene or episode " + given, given, names_);
+        const std::string & quoted = call.parameters[0];
+        if (call.object == "CNVLOADER" && call.method == "LOAD" && quoted.size() > 2 && quoted[0] == '"')
+            if (std::string file = quoted.substr(1, quoted.size() - 2); !finds(element, file))
+                reportFile(element, property, at, "no file " + file);
+    }
+
+    // --- telling
 
     // The statement that holds a place.
     static std::string around(const std::string & code, std::size_t at) {
-        std::size_t start = at == 0 ? 0 : code.find_last_of(";{", at - 1);
-        start = start == std::string::npos ? 0 : start + (at == 0 ? 0 : 1);
+        std::size_t start = at == 0 ? std::string::npos : code.find_last_of(";{", at - 1);
+        start = start == std::string::npos ? 0 : start + 1;
         return code.substr(start, code.find(';', at) - start);
     }
 
-    void reportWord(const Element & element, const Property & property, std::size_t at, std::string what,
-                    const std::string & word, const Names & list) {
-        std::string near = checktext::closest(word, list);
-        if (!near.empty() && near != word) what += ", did you mean " + near + "?";
+    static std::string hint(const std::string & word, const std::string & near) {
+        return near.empty() || near == word ? std::string() : ", did you mean " + near + "?";
+    }
+
+    void reportFile(const Element & element, const Property & property, std::size_t at,
+                    const std::string & what) {
         report(element.file, property.line, at, element.name, what,
                at ? around(property.line.text, at) : property.line.text);
+    }
+
+    void reportWord(const Element & element, const Property & property, std::size_t at,
+                    const std::string & what, const std::string & word, const Names & list) {
+        reportFile(element, property, at, what + hint(word, checkcode::closest(word, list)));
     }
 
     void report(const std::string & file, const Line & line, std::size_t at, const std::string & object,
                 const std::string & what, const std::string & text) {
         constexpr std::size_t kShown = 100;
-        result_.findings.push_back(file + ":" + std::to_string(line.number(at)) + ": " + object + ": " +
-                                   what + ": " +
-                                   (text.size() > kShown ? text.substr(0, kShown) + "..." : text));
+        std::string shown = text.size() > kShown ? text.substr(0, kShown) + "..." : text;
+        int number = line.number(at);
+        told_.emplace(std::pair(file, number),
+                      file + ":" + std::to_string(number) + ": " + object + ": " + what + ": " + shown);
     }
 
+    std::string root_;
     CheckResult & result_;
     Language language_;
-    std::set<std::string> media_, texts_;
+    std::multimap<std::pair<std::string, int>, std::string> told_; // by file and line
     std::vector<Element> elements_;
+    std::vector<std::pair<std::string, checklines::Fault>> faults_; // with their files
     std::map<std::string, std::set<std::string>> typesOf_;
-    Names names_;
+    std::set<std::string> folders_, made_; // made_: objects that scripts make
+    bool anyName_ = false;                 // scripts make objects of names that can't be known here
+    Names names_;                          // that an OBJECT line gives
 };
 
 } // namespace
 
-CheckResult check(const std::vector<std::pair<std::string, std::string>> & files,
-                  const std::vector<std::string> & media) {
+CheckResult check(const std::string & root, const std::vector<std::pair<std::string, std::string>> & files) {
     CheckResult result;
-    Checker checker(result, media);
+    GameChecker checker(root, result);
     for (const auto & [name, path] : files) checker.read(name, path);
     checker.check();
     return result;

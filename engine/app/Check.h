@@ -1,8 +1,9 @@
 #pragma once
 
 // Looks through the definition files of a game without running it, for what an author would want to know. The
-// words are those that describe() prints. What scripts make up at run time (texts with $, names in quotes,
-// clones) is taken to be right. Needs an installed world. Main thread.
+// words are those that describe() prints; lines and files are read and found as a game's are. What scripts
+// make up at run time (texts with $, names put together, clones) is taken to be right. Needs an installed
+// world; leaves the current directory and the data roots changed. Main thread.
 
 #include <string>
 #include <utility>
@@ -13,6 +14,6 @@ struct CheckResult {
     int files = 0, objects = 0, calls = 0;
 };
 
-// files: what people call the file and its path for the engine; media: base names of all files of the game.
-CheckResult check(const std::vector<std::pair<std::string, std::string>> & files,
-                  const std::vector<std::string> & media);
+// root: the game's folder for the engine, without a backslash at its end; files: what people call each
+// definition file and its path for the engine.
+CheckResult check(const std::string & root, const std::vector<std::pair<std::string, std::string>> & files);

@@ -15,3 +15,5 @@ grep -q "^event SPIN: 2 entries" out || { cat out && exit 1; }
 colour() { convert shot.png -format "%[pixel:p{$1}]" info:; }
 [ "$(colour 600,400)" != "$(colour 700,400)" ] || { echo "no ball in the picture: $(colour 600,400)" && exit 1; }
 [ "$(colour 130,330)" = "$(colour 700,330)" ] || { echo "the ball is still where it was" && exit 1; }
+# What the page says that --check answers, it does.
+grep -qF "\`$(grep "nothing to tell" out)\`" "$page" || { echo "--check says: $(cat out)" && exit 1; }
