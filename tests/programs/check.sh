@@ -11,7 +11,7 @@ cd "$work"
 status=0
 bad() { echo "$*" && status=1; }
 
-python3 "$root/demo/make.py" "$programs/tarnook-tool" demo >made || { cat made && exit 1; }
+python3 "$root/demo/make.py" "$programs/tarnook-tool" demo >made.log || { cat made.log && exit 1; }
 for game in demo "$root"/tests/games/*/ "$root/tests/games/walk/next"; do
     "$programs/tarnook" "$game" --check >out || bad "$game isn't clean: $(cat out)"
 done
