@@ -100,7 +100,7 @@ done
 for option in $(tarnook --help | grep -o -- "--[a-z-]*[a-z]" | sort -u); do
     case $option in
     --headless | --ticks | --step | --seed | --depth | --input | --screenshot | --audio | --config | --archive | \
-        --rate | --raw-mouse | --disc | --describe | --help | --version) ;;
+        --rate | --raw-mouse | --disc | --check | --describe | --help | --version) ;;
     *) echo "unknown option in the help: $option" && status=1 ;;
     esac
 done
