@@ -13,10 +13,6 @@
 namespace {
 
 using Names = std::vector<std::string>;
-using checkcode::Call;
-using checklines::Element;
-using checklines::Line;
-using checklines::Property;
 
 bool listHolds(const Names & list, std::string_view word) {
     return std::ranges::find(list, word) != list.end();
@@ -60,7 +56,7 @@ struct Language {
 };
 
 // Where a statement or method takes code or a behaviour's name, by how many parameters there are.
-Names behavioursIn(const Call & call) {
+Names behavioursIn(const checkcode::Call & call) {
     auto pick = [&](std::initializer_list<std::size_t> places) {
         Names result;
         for (std::size_t i : places)
@@ -78,7 +74,7 @@ Names behavioursIn(const Call & call) {
 }
 
 // The name that a call gives to an object it makes; empty for none.
-std::string madeBy(const Call & call) {
+std::string madeBy(const checkcode::Call & call) {
     const Names & given = call.parameters;
     if (call.method == "NEW" || (call.object == "@" && (call.method == "BOOL" || call.method == "DOUBLE" ||
                                                         call.method == "INT" || call.method == "STRING")))
@@ -91,7 +87,7 @@ bool isMedia(const std::string & type) {
 }
 
 // Keys whose value names an object.
-bool namesObject(const Property & property) {
+bool namesObject(const checklines::Property & property) {
     static const Names keys = {"GFXSTANDARD", "GFXONMOVE",  "GFXONCLICK", "SNDSTANDARD",
                                "SNDONMOVE",   "SNDONCLICK", "CONDITION1", "CONDITION2",
                                "CONDITION",   "RECT",       "DRAG"};
@@ -115,12 +111,12 @@ public:
             return;
         }
         result_.files++;
-        for (Element & each : file.elements) elements_.push_back(std::move(each));
+        for (checklines::Element & each : file.elements) elements_.push_back(std::move(each));
         for (checklines::Fault & each : file.faults) faults_.emplace_back(name, std::move(each));
     }
 
     void check() {
-        for (Element & each : elements_) {
+        for (checklines::Element & each : elements_) {
             result_.objects += each.declared;
             if (each.type.empty()) mendType(each);
             typesOf_[each.name].insert(each.type);
@@ -128,14 +124,14 @@ public:
             if (each.type == "APPLICATION" && each.name == "DEMO")
                 typesOf_["GAME"].insert(each.type); // renamed
             folders_.insert(each.folder);
-            for (const Property & property : each.properties)
-                for (const Call & call : codeOf(property).calls) learn(madeBy(call));
+            for (const checklines::Property & property : each.properties)
+                for (const checkcode::Call & call : codeOf(property).calls) learn(madeBy(call));
         }
         for (const auto & [file, fault] : faults_) {
             std::string near = checkcode::closest(fault.object, names_);
             report(file, fault.line, 0, fault.object, fault.what + hint(fault.object, near), fault.line.text);
         }
-        for (const Element & each : elements_) checkElement(each);
+        for (const checklines::Element & each : elements_) checkElement(each);
         for (auto & [place, text] : told_) result_.findings.push_back(std::move(text));
     }
 
@@ -161,29 +157,35 @@ private:
         return anyName_ || !checkcode::isName(name) || typesOf_.contains(base(name)) || made_.contains(name);
     }
 
-    static bool holdsCode(const Property & property) {
+    static bool holdsCode(const checklines::Property & property) {
         return property.key == "CODE" || property.value.find_first_of("{}") != std::string::npos;
     }
 
     // Its places count from the value's beginning.
-    static checkcode::Code codeOf(const Property & property) {
+    static checkcode::Code codeOf(const checklines::Property & property) {
         if (!holdsCode(property)) return {};
         if (property.key != "CODE" || property.value.starts_with('{')) return checkcode::scan(property.value);
         checkcode::Code code = checkcode::scan("{" + property.value + "}"); // outer braces may be left out
         auto back = [](std::size_t & at) { at -= at > 0; };
-        for (Call & each : code.calls) back(each.at);
+        for (checkcode::Call & each : code.calls) back(each.at);
         for (checkcode::Place & each : code.operands) back(each.at);
         for (checkcode::Place & each : code.fault) back(each.at);
         return code;
     }
 
+    // One that stands there for one language alone counts as well.
     static bool opens(const std::string & folder, const std::string & name) {
         if (CFile::chDir(CXString(folder)) != 0) return false;
-        return CFile(nullptr, CXString(name), CFile::kRead | CFile::kBinary).LastError() == 0;
+        std::size_t behind = name.find_last_of("\\$") + 1; // 0 without either
+        for (const char * each : {"", "POL\\", "CZE\\", "BUL\\", "ROM\\", "RUS\\", "HUN\\", "SLO\\"}) {
+            std::string path = name.substr(0, behind) + each + name.substr(behind);
+            if (CFile(nullptr, CXString(path), CFile::kRead | CFile::kBinary).LastError() == 0) return true;
+        }
+        return false;
     }
 
     // As the engine finds it: below the folder of the scene that reads the definition.
-    bool finds(const Element & element, const std::string & name) const {
+    bool finds(const checklines::Element & element, const std::string & name) const {
         if (name.find_first_of("*\"[") != std::string::npos || name.rfind('$') != name.find('$')) return true;
         if (opens(element.folder, name) || opens(root_ + "\\WAVS", name) || opens(root_, name)) return true;
         std::string file = element.file.substr(element.file.find_last_of('/') + 1);
@@ -197,8 +199,8 @@ private:
     // --- elements and keys
 
     // A misspelt TYPE is told here, once, not at all that would follow from it.
-    void mendType(Element & element) {
-        for (Property & each : element.properties)
+    void mendType(checklines::Element & element) {
+        for (checklines::Property & each : element.properties)
             if (checkcode::closest(each.key, {"TYPE"}) == "TYPE" && listHolds(language_.types, each.value)) {
                 reportWord(element, each, 0, "no type reads " + each.key, each.key, {"TYPE"});
                 each.key = "TYPE";
@@ -207,25 +209,26 @@ private:
             }
     }
 
-    void checkElement(const Element & element) {
+    void checkElement(const checklines::Element & element) {
         std::string type = element.type;
         if (type.empty())
             for (const std::string & each : typesOf_[element.name])
                 if (!each.empty()) type = each; // a scene's own keys in its own file
         bool known = listHolds(language_.types, type);
-        auto named = std::ranges::find(element.properties, "TYPE", &Property::key);
+        auto named = std::ranges::find(element.properties, "TYPE", &checklines::Property::key);
         if (!known && named != element.properties.end())
             reportWord(element, *named, 0, "unknown type " + type, type, language_.types);
         if (type.empty() && element.declared && !element.properties.empty() &&
             named == element.properties.end())
             report(element.file, element.line, 0, element.name, "the object has no TYPE", element.line.text);
-        for (const Property & each : element.properties) {
+        for (const checklines::Property & each : element.properties) {
             if (known) checkKey(element, each, type);
             checkValue(element, each, type);
         }
     }
 
-    void checkKey(const Element & element, const Property & property, const std::string & type) {
+    void checkKey(const checklines::Element & element, const checklines::Property & property,
+                  const std::string & type) {
         std::string key = property.key.substr(0, property.key.find('^'));
         if (key == "TYPE" || key == "ADD" || key == "APPLY") return;
         Names known = language_.words[type]["key"];
@@ -236,7 +239,8 @@ private:
         reportWord(element, property, 0, type + " " + what + key, key, known);
     }
 
-    void checkValue(const Element & element, const Property & property, const std::string & type) {
+    void checkValue(const checklines::Element & element, const checklines::Property & property,
+                    const std::string & type) {
         const std::string & key = property.key;
         if ((key == "FILENAME" && isMedia(type)) || key == "BACKGROUND" || key == "MUSIC" || key == "PATH")
             checkFile(element, property);
@@ -250,7 +254,7 @@ private:
         for (const checkcode::Place & each : code.fault)
             report(element.file, property.line, property.at + each.at, element.name, each.text,
                    around(property.value, each.at));
-        for (const Call & each : code.calls) checkCall(element, property, each);
+        for (const checkcode::Call & each : code.calls) checkCall(element, property, each);
         for (const checkcode::Place & each : code.operands)
             if (!isObject(each.text) && each.text != "TRUE" && each.text != "FALSE")
                 reportWord(element, property, property.at + each.at, "no object " + each.text, each.text,
@@ -262,11 +266,11 @@ private:
         }
     }
 
-    void checkFile(const Element & element, const Property & property) {
+    void checkFile(const checklines::Element & element, const checklines::Property & property) {
         const std::string & value = property.value;
         if (value.empty()) return;
         std::string path;
-        for (const Property & each : element.properties)
+        for (const checklines::Property & each : element.properties)
             if (each.key == "PATH") path = each.value;
         std::string folder = root_ + "\\Dane" + (path.empty() ? "" : "\\" + path);
         if (property.key == "PATH") {
@@ -277,7 +281,8 @@ private:
 
     // --- code
 
-    void checkCall(const Element & element, const Property & property, const Call & call) {
+    void checkCall(const checklines::Element & element, const checklines::Property & property,
+                   const checkcode::Call & call) {
         result_.calls++;
         std::size_t at = property.at + call.at;
         for (const std::string & each : behavioursIn(call))
@@ -289,8 +294,8 @@ private:
             checkMethod(element, property, at, call);
     }
 
-    void checkStatement(const Element & element, const Property & property, std::size_t at,
-                        const Call & call) {
+    void checkStatement(const checklines::Element & element, const checklines::Property & property,
+                        std::size_t at, const checkcode::Call & call) {
         if (call.method == "IF" && call.parameters.size() == 3) checkConditions(element, property, at, call);
         const Names & known = language_.words["@"]["statement"];
         if (listHolds(known, call.method) || listHolds(known, "@" + call.method)) return;
@@ -298,8 +303,8 @@ private:
     }
 
     // "A'1&&B'2": what stands left of a comparison names an object.
-    void checkConditions(const Element & element, const Property & property, std::size_t at,
-                         const Call & call) {
+    void checkConditions(const checklines::Element & element, const checklines::Property & property,
+                         std::size_t at, const checkcode::Call & call) {
         for (const std::string & each : splitWords(call.parameters[0], "&|\"")) {
             std::string left = each.substr(0, each.find_first_of("'<>!?"));
             bool number = left.find_first_not_of("0123456789.-") == std::string::npos;
@@ -308,7 +313,8 @@ private:
         }
     }
 
-    void checkMethod(const Element & element, const Property & property, std::size_t at, const Call & call) {
+    void checkMethod(const checklines::Element & element, const checklines::Property & property,
+                     std::size_t at, const checkcode::Call & call) {
         if (call.method.find('$') != std::string::npos) return;
         if (!call.object.empty() && !isObject(call.object)) {
             reportWord(element, property, at, "no object " + call.object, call.object, names_);
@@ -352,19 +358,19 @@ private:
         return near.empty() || near == word ? std::string() : ", did you mean " + near + "?";
     }
 
-    void reportFile(const Element & element, const Property & property, std::size_t at,
-                    const std::string & what) {
+    void reportFile(const checklines::Element & element, const checklines::Property & property,
+                    std::size_t at, const std::string & what) {
         report(element.file, property.line, at, element.name, what,
                at ? around(property.line.text, at) : property.line.text);
     }
 
-    void reportWord(const Element & element, const Property & property, std::size_t at,
-                    const std::string & what, const std::string & word, const Names & list) {
+    void reportWord(const checklines::Element & element, const checklines::Property & property,
+                    std::size_t at, const std::string & what, const std::string & word, const Names & list) {
         reportFile(element, property, at, what + hint(word, checkcode::closest(word, list)));
     }
 
-    void report(const std::string & file, const Line & line, std::size_t at, const std::string & object,
-                const std::string & what, const std::string & text) {
+    void report(const std::string & file, const checklines::Line & line, std::size_t at,
+                const std::string & object, const std::string & what, const std::string & text) {
         constexpr std::size_t kShown = 100;
         std::string shown = text.size() > kShown ? text.substr(0, kShown) + "..." : text;
         int number = line.number(at);
@@ -376,7 +382,7 @@ private:
     CheckResult & result_;
     Language language_;
     std::multimap<std::pair<std::string, int>, std::string> told_; // by file and line
-    std::vector<Element> elements_;
+    std::vector<checklines::Element> elements_;
     std::vector<std::pair<std::string, checklines::Fault>> faults_; // with their files
     std::map<std::string, std::set<std::string>> typesOf_;
     std::set<std::string> folders_, made_; // made_: objects that scripts make

@@ -27,7 +27,7 @@ within() {
     shift
     until "$@" 2>/dev/null; do
         [ $SECONDS -lt $end ] || return 1
-        sleep 0.1
+        sleep 0.2
     done
 }
 
@@ -55,14 +55,14 @@ jobs+=($game)
 # The window may be made anew by the library at any time, so it is looked up for whatever is done to it.
 window() { id=$(xdotool search --onlyvisible --name Tarnook | tail -1) && [ -n "$id" ]; }
 
-# pixels PICTURE PLACE
-pixels() { convert "$1" -crop "$2" +repage -depth 8 rgb:-; }
+for name in "${!place[@]}"; do convert "$name.png" -crop "${place[$name]}" +repage -depth 8 "rgb:$name.rgb"; done
 
 # shows NAME: whether the window shows that picture at its place.
 shows() {
     kill -0 $game || fail "the game has ended before $1"
-    window && import -window "$id" seen.png && cmp -s <(pixels seen.png "${place[$1]}") <(pixels "$1.png" "${place[$1]}")
+    window && import -window "$id" -crop "${place[$1]}" -depth 8 rgb:seen.rgb && cmp -s seen.rgb "$1.rgb"
 }
+
 press() { window && xdotool windowfocus "$id" mousemove --window "$id" "$1" "$2" click 1; }
 
 # A hold that begins at X Y and is let go at X Y, with moves between.
