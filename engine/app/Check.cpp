@@ -56,7 +56,7 @@ struct Language {
 };
 
 // Where a statement or method takes code or a behaviour's name, by how many parameters there are.
-Names behavioursIn(const checkcode::Call & call) {
+Names behavioursIn(const checkcode::MethodCall & call) {
     auto pick = [&](std::initializer_list<std::size_t> places) {
         Names result;
         for (std::size_t i : places)
@@ -74,7 +74,7 @@ Names behavioursIn(const checkcode::Call & call) {
 }
 
 // The name that a call gives to an object it makes; empty for none.
-std::string madeBy(const checkcode::Call & call) {
+std::string madeBy(const checkcode::MethodCall & call) {
     const Names & given = call.parameters;
     if (call.method == "NEW" || (call.object == "@" && (call.method == "BOOL" || call.method == "DOUBLE" ||
                                                         call.method == "INT" || call.method == "STRING")))
@@ -125,7 +125,7 @@ public:
                 typesOf_["GAME"].insert(each.type); // renamed
             folders_.insert(each.folder);
             for (const checklines::Property & property : each.properties)
-                for (const checkcode::Call & call : codeOf(property).calls) learn(madeBy(call));
+                for (const checkcode::MethodCall & call : codeOf(property).calls) learn(madeBy(call));
         }
         for (const auto & [file, fault] : faults_) {
             std::string near = checkcode::closest(fault.object, names_);
@@ -167,7 +167,7 @@ private:
         if (property.key != "CODE" || property.value.starts_with('{')) return checkcode::scan(property.value);
         checkcode::Code code = checkcode::scan("{" + property.value + "}"); // outer braces may be left out
         auto back = [](std::size_t & at) { at -= at > 0; };
-        for (checkcode::Call & each : code.calls) back(each.at);
+        for (checkcode::MethodCall & each : code.calls) back(each.at);
         for (checkcode::Place & each : code.operands) back(each.at);
         for (checkcode::Place & each : code.fault) back(each.at);
         return code;
@@ -254,7 +254,7 @@ private:
         for (const checkcode::Place & each : code.fault)
             report(element.file, property.line, property.at + each.at, element.name, each.text,
                    around(property.value, each.at));
-        for (const checkcode::Call & each : code.calls) checkCall(element, property, each);
+        for (const checkcode::MethodCall & each : code.calls) checkCall(element, property, each);
         for (const checkcode::Place & each : code.operands)
             if (!isObject(each.text) && each.text != "TRUE" && each.text != "FALSE")
                 reportWord(element, property, property.at + each.at, "no object " + each.text, each.text,
@@ -282,7 +282,7 @@ private:
     // --- code
 
     void checkCall(const checklines::Element & element, const checklines::Property & property,
-                   const checkcode::Call & call) {
+                   const checkcode::MethodCall & call) {
         result_.calls++;
         std::size_t at = property.at + call.at;
         for (const std::string & each : behavioursIn(call))
@@ -295,7 +295,7 @@ private:
     }
 
     void checkStatement(const checklines::Element & element, const checklines::Property & property,
-                        std::size_t at, const checkcode::Call & call) {
+                        std::size_t at, const checkcode::MethodCall & call) {
         if (call.method == "IF" && call.parameters.size() == 3) checkConditions(element, property, at, call);
         const Names & known = language_.words["@"]["statement"];
         if (listHolds(known, call.method) || listHolds(known, "@" + call.method)) return;
@@ -304,7 +304,7 @@ private:
 
     // "A'1&&B'2": what stands left of a comparison names an object.
     void checkConditions(const checklines::Element & element, const checklines::Property & property,
-                         std::size_t at, const checkcode::Call & call) {
+                         std::size_t at, const checkcode::MethodCall & call) {
         for (const std::string & each : splitWords(call.parameters[0], "&|\"")) {
             std::string left = each.substr(0, each.find_first_of("'<>!?"));
             bool number = left.find_first_not_of("0123456789.-") == std::string::npos;
@@ -314,7 +314,7 @@ private:
     }
 
     void checkMethod(const checklines::Element & element, const checklines::Property & property,
-                     std::size_t at, const checkcode::Call & call) {
+                     std::size_t at, const checkcode::MethodCall & call) {
         if (call.method.find('$') != std::string::npos) return;
         if (!call.object.empty() && !isObject(call.object)) {
             reportWord(element, property, at, "no object " + call.object, call.object, names_);

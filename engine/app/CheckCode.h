@@ -9,7 +9,7 @@
 
 namespace checkcode {
 
-struct Call {
+struct MethodCall {
     std::size_t at;
     std::string object; // "@" for a statement; empty when it is computed
     bool indirect;      // behind a star: the object holds a name
@@ -23,7 +23,7 @@ struct Place {
 };
 
 struct Code {
-    std::vector<Call> calls;
+    std::vector<MethodCall> calls;
     std::vector<Place> operands; // names in square brackets
     std::vector<Place> fault;    // what is wrong with the form: the first such thing, or nothing
 };
