@@ -5,6 +5,9 @@
 #include "app/CheckLines.h"
 #include "app/Describe.h"
 #include "files/CFile.h"
+#include "script/CMC_Runner.h"
+#include "script/CMC_RunnerFactory.h"
+#include "script/TypeTable.h"
 
 #include <algorithm>
 #include <map>
@@ -31,6 +34,7 @@ Names splitWords(std::string_view text, std::string_view separators) {
 // Every word of the language by its type and kind.
 struct Language {
     std::map<std::string, std::map<std::string, Names>> words;
+    std::map<std::string, std::map<std::string, int>> needed; // parameters, by type and method
     Names types, methods;
 
     Language() {
@@ -41,6 +45,24 @@ struct Language {
         }
         for (const auto & [type, kinds] : words)
             if (type != "*" && type != "@") types.push_back(type);
+        CMC_RunnerFactory::initialize();
+        addNeeded("@", types::kNone);
+        for (const TypeRow & row : typetable::rows()) addNeeded(std::string(row.word), row.id);
+        for (const MethodRow & row : CMC_Runner::commonRows()) needed["*"][row.name] = row.needed;
+        CMC_RunnerFactory::done();
+    }
+    void addNeeded(const std::string & type, int id) {
+        CMC_Runner * runner = CMC_RunnerFactory::getRunner(id);
+        if (!runner) return;
+        for (const MethodRow & row : runner->rows())
+            if (row.name) needed[type][row.name] = row.needed;
+    }
+    // 0 where it isn't known.
+    int neededBy(const std::string & type, const std::string & method) const {
+        for (const std::string & each : {type, std::string("*")})
+            if (auto rows = needed.find(each); rows != needed.end())
+                if (auto row = rows->second.find(method); row != rows->second.end()) return row->second;
+        return 0;
     }
     void addMethods(Names & to, const std::string & type) {
         const Names & own = words[type]["method"];
@@ -298,8 +320,18 @@ private:
                         std::size_t at, const checkcode::MethodCall & call) {
         if (call.method == "IF" && call.parameters.size() == 3) checkConditions(element, property, at, call);
         const Names & known = language_.words["@"]["statement"];
-        if (listHolds(known, call.method) || listHolds(known, "@" + call.method)) return;
+        if (listHolds(known, call.method)) return checkCount(element, property, at, call, "@");
         reportWord(element, property, at, "unknown statement @" + call.method, call.method, known);
+    }
+
+    // With fewer parameters than a method needs nothing happens.
+    void checkCount(const checklines::Element & element, const checklines::Property & property,
+                    std::size_t at, const checkcode::Call & call, const std::string & type) {
+        int least = type.empty() ? 0 : language_.neededBy(type, call.method);
+        if (static_cast<int>(call.parameters.size()) >= least || !codeOf(property).fault.empty()) return;
+        reportFile(element, property, at,
+                   call.method + " needs " + std::to_string(least) +
+                       (least > 1 ? " parameters" : " parameter"));
     }
 
     // "A'1&&B'2": what stands left of a comparison names an object.
@@ -334,6 +366,8 @@ private:
             reportWord(element, property, at, what, call.method, methods);
             return;
         }
+        if (!any && found->second.size() == 1)
+            checkCount(element, property, at, call, *found->second.begin());
         if (any || call.parameters.empty()) return;
         std::string given = checkcode::nameIn(call.parameters[0]);
         if (call.method == "GOTO" && call.parameters[0].starts_with('"') && !given.empty() &&
