@@ -95,13 +95,24 @@ Names behavioursIn(const checkcode::MethodCall & call) {
     return call.method == "RUNONTIMER" ? pick({2, 3}) : Names{};
 }
 
+bool endsLike(std::string_view text, std::string_view with) {
+    auto same = [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; };
+    return text.size() >= with.size() &&
+           std::ranges::equal(text.substr(text.size() - with.size()), with, same);
+}
+
 // The name that a call gives to an object it makes; empty for none.
 std::string madeBy(const checkcode::MethodCall & call) {
+    static const Names first = {"BOOL", "DOUBLE", "INT", "STRING"};
     const Names & given = call.parameters;
-    if (call.method == "NEW" || (call.object == "@" && (call.method == "BOOL" || call.method == "DOUBLE" ||
-                                                        call.method == "INT" || call.method == "STRING")))
+    bool statement = call.object == "@";
+    if (call.method == "NEW" || (statement && listHolds(first, call.method)))
         return given.empty() ? std::string() : given[0];
-    return call.object == "@" && call.method == "CREATE" && given.size() > 1 ? given[1] : std::string();
+    if (call.method == "CREATEOBJECT" || (statement && call.method == "CREATE"))
+        return given.size() > 1 ? given[1] : std::string();
+    // A definition file that isn't looked through: its name is no object's, so names can't be known.
+    bool loads = call.object == "CNVLOADER" && call.method == "LOAD" && !given.empty();
+    return loads && given[0].starts_with('"') && !endsLike(given[0], ".cnv\"") ? given[0] : std::string();
 }
 
 bool isMedia(const std::string & type) {
@@ -326,7 +337,7 @@ private:
 
     // With fewer parameters than a method needs nothing happens.
     void checkCount(const checklines::Element & element, const checklines::Property & property,
-                    std::size_t at, const checkcode::Call & call, const std::string & type) {
+                    std::size_t at, const checkcode::MethodCall & call, const std::string & type) {
         int least = type.empty() ? 0 : language_.neededBy(type, call.method);
         if (static_cast<int>(call.parameters.size()) >= least || !codeOf(property).fault.empty()) return;
         reportFile(element, property, at,

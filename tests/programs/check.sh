@@ -86,7 +86,7 @@ COUNT:TYPE=INTEGER
 OBJECT=OK
 OK:TYPE=BEHAVIOUR
 OK:CODE=@INT("N",1);N^INC();@IF("N'2&&COUNT<'3",{COUNT_3^INC();/
-$1^INC();*COUNT^INC();@LOOP({COUNT^ADD([_I_*N]);},0,3,1);},"");@IF(COUNT,"_","3","$2","");GAME^EXIT();
+$1^INC();*COUNT^INC();@LOOP({COUNT^ADD([_I_*N]);},0,3,1);},"");@IF(COUNT,"_","3","$2","");GAME^EXIT();ROOM^CREATEOBJECT("BUTTON","BUT");BUT^ENABLE();
 TEXT
 "$programs/tarnook" made --check >out || bad "made at run time: $(cat out)"
 code=0
