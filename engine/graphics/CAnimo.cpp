@@ -92,10 +92,7 @@ void CAnimo::dropMirror() {
     compression_ = kCompressionNone;
 }
 
-void CAnimo::updateWithCurrentFrame() {
-    dropMirror();
-    CFrame * frame = GetFrame(current_);
-    if (!frame) return;
+void CAnimo::mirror(CFrame * frame) {
     data_ = frame->GetDataPtr();
     channels_[3] = frame->GetChannelAlpha();
     channelSizes_[3] = frame->GetChannelSize(3);
@@ -106,6 +103,13 @@ void CAnimo::updateWithCurrentFrame() {
     pitch_ = width_;
     rawSize_ = __get_data_size(width_, height_, bpp_);
     compression_ = frame->GetCompression();
+}
+
+void CAnimo::updateWithCurrentFrame() {
+    dropMirror();
+    CFrame * frame = GetFrame(current_);
+    if (!frame) return;
+    mirror(frame);
     CXPoint at = frame->GetFramePosition();
     if (const _anmFrameInfo3 * info = getFrameInfo(currentEvent_, index_))
         at = at + CXPoint(info->x, info->y);
@@ -206,6 +210,28 @@ void CAnimo::unpack() {
 void CAnimo::DeCompress() {
     if (CFrame * frame = GetFrame(current_)) frame->DeCompress();
     updateWithCurrentFrame();
+}
+
+// While observers hear of a new frame, the pixels are still the old one's.
+bool CAnimo::mirrors(CFrame * frame) const { return frame && data_ && frame->GetDataPtr() == data_; }
+
+void CAnimo::decodeFrame(CFrame * frame) {
+    bool mirrored = mirrors(frame);
+    frame->DeCompress();
+    if (mirrored) mirror(frame);
+}
+
+unsigned char CAnimo::GetPixel(_channel channel, CXPoint p) {
+    if (compression_ != kCompressionNone && mirrors(GetFrame(current_))) DeCompress();
+    return CGraphicsObject::GetPixel(channel, p);
+}
+
+CColor CAnimo::GetPixel(int x, int y) {
+    if (compression_ != kCompressionNone && mirrors(GetFrame(current_))) {
+        DeCompress();
+        DeCompressRLE2();
+    }
+    return CGraphicsObject::GetPixel(x, y);
 }
 
 void CAnimo::DeCompressRLE2() {

@@ -148,6 +148,10 @@ public:
     void pack(bool free) override;
     void unpack() override; // all or none: they may take kKeptMemory
     void DeCompress() override;
+    void decodeFrame(CFrame * frame); // of the blocks of a file
+    using CGraphicsObject::GetPixel;
+    unsigned char GetPixel(_channel channel, CXPoint p) override; // also before the frame was first drawn
+    CColor GetPixel(int x, int y) override;
     void DeCompressRLE2() override;
     void bringBackCompressed() override;
 
@@ -177,6 +181,8 @@ protected:
     static std::size_t at(int i) { return static_cast<std::size_t>(i); }
     const char * take(std::string_view bytes); // the reason why not, or null
     void updateWithCurrentFrame();
+    void mirror(CFrame * frame);
+    bool mirrors(CFrame * frame) const;
     void dropMirror();
     void eachFrame(const std::function<void(CFrame &)> & act);
     void eachSound(const std::function<void(FrameSound &)> & act);

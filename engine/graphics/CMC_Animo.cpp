@@ -232,7 +232,7 @@ void CMC_Animo::setAsButton(bool enabled, bool keep) {
     isButton_ = enabled;
     keeps_ = keep;
     mouseInside_ = pressed_ = false;
-    if (enabled) playIfThere("ONNOEVENT");
+    playIfThere("ONNOEVENT"); // the resting look, also of a button no more
     if (!window_) return;
     if (enabled)
         window_->registerMouseListener(this, priority_);

@@ -6,6 +6,9 @@
 #include "graphics/CMC_Animo.h"
 #include "graphics/PictureMethods.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace {
 
 constexpr int kLoudest = 800, kMiddle = 400; // of volume and panning as scripts give them
@@ -65,7 +68,9 @@ CMC_Variable * nPlay(Call & call) {
 
 CMC_Variable * playRand(Call & call) {
     int event = eventAt(call, 0);
-    int entry = CXRandom::random(call.integer(1), call.integer(2));
+    int first = call.integer(1), last = call.integer(2);
+    std::int64_t width = std::clamp<std::int64_t>(std::int64_t{last} - first + 1, 1, INT32_MAX);
+    int entry = CXRandom::random(first, static_cast<int>(width));
     if (event >= 0) animo(call).Play(static_cast<_animoevent>(event), entry, CPlayable::kWholeEvent);
     return nullptr;
 }
@@ -170,6 +175,7 @@ CFrame * frameAt(const Call & call, CXPoint & p) {
 CMC_Variable * getAlpha(Call & call) {
     CXPoint p;
     CFrame * frame = frameAt(call, p);
+    if (frame) animo(call).decodeFrame(frame);
     bool has = frame && frame->GetChannelAlpha();
     return result(has ? static_cast<int>(frame->GetPixel(kChannelAlpha, p)) : 0);
 }
@@ -178,12 +184,14 @@ CMC_Variable * getPixel(Call & call) {
     CXPoint p;
     CFrame * frame = frameAt(call, p);
     if (!frame) return result(0);
+    animo(call).decodeFrame(frame);
+    bool coded = frame->GetCompression() == kCompressionRle;
     frame->DeCompressRLE2();
     const auto * words = reinterpret_cast<const std::uint16_t *>(frame->GetDataPtr());
     int word = words && frame->GetCompression() == kCompressionNone
                    ? words[static_cast<std::ptrdiff_t>(p.y) * frame->getWidth() + p.x]
                    : 0;
-    frame->bringBackCompressed();
+    if (coded) frame->bringBackCompressed(); // the frame on show stays expanded
     return result(word);
 }
 

@@ -50,6 +50,7 @@ protected:
             test::Tnk{2, 2, 16, 8, 0, 0, 0, test::plane({0xF800, 0x07E0, 0x001F, 0xFFFF}), {}}.bytes());
         put("a.ann", animation({"WALK", "ONCLICK"}));
         put("b.ann", animation({"RUN"}));
+        put("c.ann", animation({"WALK", "ONNOEVENT"}));
     }
     void image(const std::string & name, const std::string & keys = "") {
         load("OBJECT=" + name + "\n" + name + ":TYPE=IMAGE\n" + name + ":FILENAME=p.img\n" + name +
@@ -188,6 +189,12 @@ TEST_F(ScriptPictures, AnimationsAndTheirFrames) {
     EXPECT_EQ(shown("@MSGBOX(A_1^GETPIXEL(0,0,0));"), "4369");
     run("A_1^SHOW();A_1^INVALIDATE();");
     EXPECT_EQ(seen(300, 0), 0x1111);
+}
+
+TEST_F(ScriptPictures, AButtonNoMoreShowsItsRestingLook) {
+    animo();
+    EXPECT_EQ(shown("A^LOAD(\"c.ann\");A^PLAY(0);A^SETASBUTTON(FALSE,FALSE);@MSGBOX(A^GETEVENTNAME());"),
+              "ONNOEVENT");
 }
 
 TEST_F(ScriptPictures, NothingThatIsMissingCrashes) {

@@ -65,6 +65,8 @@ A:ONFRAMECHANGEDFRAME^last={@MSGBOX("last");}
 A:ONFRAMECHANGEDFRAME^2={@MSGBOX("entry2");}
 OBJECT=N
 N:TYPE=INTEGER
+OBJECT=C
+C:TYPE=BOOL
 OBJECT=H
 H:TYPE=ANIMO
 H:FILENAME=a.ann
@@ -73,11 +75,14 @@ H:VISIBLE=TRUE
 H:PRIORITY=1
 OBJECT=__INIT__
 __INIT__:TYPE=BEHAVIOUR
-__INIT__:CODE={H^SETFRAME("HAZE",0);H^SETPOSITION(-5,-6);A^SETPOSITION(20,30);A^PLAY("ONCE");}
+__INIT__:CODE={H^SETFRAME("HAZE",0);H^SETPOSITION(-5,-6);N^SET(H^GETALPHA(0,1,1));@MSGBOX("alpha",N);N^SET(H^GETPIXEL(3,1,1));@MSGBOX("word",N);C^SET(H^ISAT(1,1,TRUE));@MSGBOX("at",C);A^SETPOSITION(20,30);A^PLAY("ONCE");}
 END
 # haze_0 is frame 0, walk_0 to walk_2 are 1 to 3. The loop of two entries runs twice, and the step behind its
-# end stays on the last entry.
+# end stays on the last entry. Pixels are told before the first frame is drawn.
 cat >expected <<'END'
+msgbox: alpha, 128
+msgbox: word, 31
+msgbox: at, TRUE
 msgbox: frame, 1
 msgbox: started
 msgbox: frame, 2
