@@ -61,6 +61,16 @@ public:
         }
         return rects;
     }
+    // A frame as an animation holds it, in runs of a few pixels, and the same expanded.
+    std::unique_ptr<CGraphicsObject> drawn(int depth) {
+        auto made = picture({kSide, kSide}, depth, true);
+        auto * words = reinterpret_cast<std::uint16_t *>(made->GetDataPtr());
+        for (int i = 0; i < kSide * kSide; i++)
+            if (number(6)) words[i] = i ? words[i - 1] : words[i];
+        made->SetPosition(100, 100);
+        return made;
+    }
+    std::unique_ptr<CGraphicsObject> ground(int depth) { return picture({800, 600}, depth, false); }
     void plain(bool on) { blits::use(on ? &blits::kPlain : nullptr); }
 
 private:
@@ -114,6 +124,17 @@ void measure(int depth) {
     t.ratio(whole, plain, 2.5);
     t.ratio(moving, movingAll, 1.6);
     t.ratio(region, allMove, 1 / 0.3);
+
+    auto ground = scene.ground(depth), frame = scene.drawn(depth), coded = scene.drawn(depth);
+    coded->Compress(kCompressionRle);
+    bench::Table frames("a frame of 64 x 64, coded, at depth " + std::to_string(depth));
+    auto drawing = frames.add("its drawing", 1, [&] { frame->redraw(ground.get()); });
+    auto expanding = frames.add("its expanding", 1, [&] {
+        coded->DeCompressRLE2();
+        coded->bringBackCompressed();
+    });
+    frames.sample();
+    frames.ratio(expanding, drawing, 1 / 5.5);
 }
 
 } // namespace
