@@ -96,7 +96,7 @@ bool CSound4::load() {
     if (buffer_ && buffer_->lock(0, bytes, region)) {
         std::memcpy(region.first, codec->getData()->getData(), static_cast<std::size_t>(bytes));
         buffer_->unlock(region);
-        apply();
+        if (isSilenced()) buffer_->setVolume(platform::SoundBuffer::kSilence);
         CFileResolver::load();
     }
     codec->freeData();
@@ -192,24 +192,20 @@ void CSound4::OnWAVFinished() {
 
 // ---- how it sounds
 
-void CSound4::apply() {
-    if (!buffer_) return;
-    buffer_->setVolume(window_ && !window_->IsSoundOn() ? platform::SoundBuffer::kSilence : volume_);
-    buffer_->setPan(panning_);
-    buffer_->setFrequency(frequency_);
-}
+bool CSound4::isSilenced() const { return window_ && !window_->IsSoundOn(); }
 
+// What was set before there is a buffer is kept, but a buffer begins at the device's own values.
 void CSound4::setVolume(int volume) {
     CPlayable::setVolume(volume);
-    apply();
+    if (buffer_ && !isSilenced()) buffer_->setVolume(volume_);
 }
 
 void CSound4::setPanning(int panning) {
     CPlayable::setPanning(panning);
-    apply();
+    if (buffer_) buffer_->setPan(panning_);
 }
 
 void CSound4::setFrequency(int frequency) {
     CPlayable::setFrequency(frequency);
-    apply();
+    if (buffer_) buffer_->setFrequency(frequency_);
 }

@@ -3,7 +3,7 @@
 // A sound effect: a WAV file decoded whole into a buffer of the sound device. The application's sound manager
 // tells it when the buffer has run out. Volume is in hundredths of a decibel from -10,000 to 0, panning from
 // -10,000 (left) to 10,000, frequency in hertz, 0 being the file's own. Values are kept when there is no
-// buffer and apply to the next one; one out of range is refused by the buffer. Main thread.
+// buffer, and reach no later one by themselves; one out of range is refused by the buffer. Main thread.
 
 #include "platform/audio/SoundDevice.h"
 #include "sequence/CPlayable.h"
@@ -55,7 +55,7 @@ public:
 private:
     CSoundManager * manager() const; // null without an application
     bool hasBuffer();                // loads it when it can
-    void apply();                    // the kept values to the buffer
+    bool isSilenced() const;         // the game plays without sound
 
     CWindow * window_; // not owned; may be null
     std::unique_ptr<platform::SoundBuffer> buffer_;

@@ -102,7 +102,9 @@ TEST_F(Playback, VolumePanAndFrequency) {
         const char * code;
         int left, right;
     } const rows[] = {
-        {"S^SETVOLUME(650);", 5012, 5012},              // -6 dB, before there is a buffer
+        {"S^SETVOLUME(650);", 10000, 10000},            // no buffer yet: kept, but not heard
+        {"S^SETPAN(400);", 10000, 10000},               // the pan alone is passed on
+        {"S^SETVOLUME(650);", 5012, 5012},              // -6 dB
         {"S^SETVOLUME(1000);", 5012, 5012},             // refused
         {"S^SETVOLUME(25);", 0, 0},                     // silence
         {"S^SETVOLUME(26);", 282, 282},                 // -30.96 dB
