@@ -47,6 +47,7 @@ jobs+=($!)
 within 30 test -s display || fail "$(cat xvfb.log)"
 DISPLAY=:$(cat display)
 export DISPLAY
+within 30 eval 'xwininfo -root >/dev/null' || fail "$(cat xvfb.log)"
 
 "$programs/tarnook" game -log >out 2>err </dev/null &
 game=$!

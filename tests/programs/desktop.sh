@@ -87,6 +87,7 @@ Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>display 2>xvfb.log &
 jobs+=($!)
 DISPLAY=:$(until_ cat display) || { cat xvfb.log && exit 1; }
 export DISPLAY
+until_ xwininfo -root >/dev/null || { cat xvfb.log && exit 1; }
 
 # opened: whether the game's window is there and takes the keys. A window may still go: that of the game before,
 # or one that the library makes anew for what draws in it.
