@@ -42,7 +42,7 @@ rm -f game/settings.ini
 declare -A place=([title]=214x56+153+459 [cottage]=100x40+60+40 [taken]=40x30+40+543 [jetty]=100x40+430+545
     [oil]=40x30+118+543 [sea]=60x20+400+300 [crossing]=40x60+750+300 [lamproom]=60x40+720+500 [poured]=40x30+118+543 [end]=110x30+345+245)
 
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>display 2>xvfb.log &
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>display 2>xvfb.log &
 jobs+=($!)
 within 30 test -s display || fail "$(cat xvfb.log)"
 DISPLAY=:$(cat display)

@@ -82,8 +82,8 @@ env -u DISPLAY "$programs/tarnook" game >out 2>err </dev/null || code=$?
 [ "$code" = 4 ] && [ ! -s out ] && [ "$(wc -l <err)" = 1 ] && grep -q "no display" err ||
     bad "no display: status $code, $(cat out err)"
 
-# --- a server of its own
-Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>display 2>xvfb.log &
+# --- a server of its own, which stays as it is while no client is there
+Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp -noreset 3>display 2>xvfb.log &
 jobs+=($!)
 DISPLAY=:$(until_ cat display) || { cat xvfb.log && exit 1; }
 export DISPLAY
